@@ -1,0 +1,81 @@
+#include "batch/CommandLine.h"
+
+#include "framework/TextFunctions.h"
+
+#include <QCommandLineParser>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+constexpr auto kHelp =
+    "Uso: quorel-batch [opzioni] FILE|CARTELLA...\n"
+    "\n"
+    "Apre documenti di convalida, li calcola e mostra i risultati. Una cartella sta per i file di dati che\n"
+    "contiene direttamente, in ordine di nome.\n"
+    "\n"
+    "  --json              un oggetto JSON per documento, uno per riga, in UTF-8\n"
+    "  --chart-data        aggiunge al JSON i dati dei grafici\n"
+    "  --rewrite CARTELLA  salva di nuovo ogni documento nella cartella, nel formato attuale\n"
+    "  --language it|en    lingua dei grafici (en)\n"
+    "  --decimal CARATTERE . oppure , come separatore decimale dei numeri mostrati (quello del sistema)\n"
+    "  --version           mostra la versione\n"
+    "  --help              mostra questo testo\n"
+    "\n"
+    "Stato di uscita: 0 ogni documento letto per intero e calcolato; 1 almeno uno no (ciascuno è nominato, "
+    "con\n"
+    "il motivo, sull'uscita degli errori); 2 la chiamata non è valida.\n"_L1;
+
+/// The value of an option that the call gave and that is not among the allowed ones is an error.
+void CheckValue(CommandLine& line, const QString& option, const QString& value, const QStringList& allowed)
+{
+    if (!allowed.contains(value))
+        line.error = u"valore non valido per l'opzione --%1: %2"_s.arg(option, value);
+}
+
+} // namespace
+
+QString HelpText()
+{
+    return kHelp;
+}
+
+CommandLine ParseCommandLine(const QStringList& arguments)
+{
+    const QString rewrite = u"rewrite"_s;
+    const QString language = u"language"_s;
+    const QString decimal = u"decimal"_s;
+    QCommandLineParser parser;
+    for (const auto& flag : {u"json"_s, u"chart-data"_s, u"help"_s, u"version"_s})
+        parser.addOption(QCommandLineOption(flag));
+    parser.addOption(QCommandLineOption(rewrite, {}, u"CARTELLA"_s));
+    parser.addOption(QCommandLineOption(language, {}, u"it|en"_s, u"en"_s));
+    parser.addOption(QCommandLineOption(decimal, {}, u"CARATTERE"_s, GetDecSep()));
+
+    CommandLine line;
+    if (!parser.parse(QStringList(u"quorel-batch"_s) + arguments)) {
+        const QStringList unknown = parser.unknownOptionNames();
+        line.error = unknown.isEmpty() ? u"opzione non valida: %1"_s.arg(parser.errorText())
+                                       : u"opzione sconosciuta: %1"_s.arg(unknown.join(u", "));
+        return line;
+    }
+    line.json = parser.isSet(u"json"_s);
+    line.chartData = parser.isSet(u"chart-data"_s);
+    line.help = parser.isSet(u"help"_s);
+    line.version = parser.isSet(u"version"_s);
+    line.english = parser.value(language) == "en"_L1;
+    line.rewriteDir = parser.value(rewrite);
+    line.decSep = parser.value(decimal);
+    line.paths = parser.positionalArguments();
+
+    if (parser.isSet(language))
+        CheckValue(line, language, parser.value(language), {u"it"_s, u"en"_s});
+    if (parser.isSet(decimal))
+        CheckValue(line, decimal, line.decSep, {u"."_s, u","_s});
+    if (parser.isSet(rewrite) && line.rewriteDir.isEmpty())
+        line.error = u"l'opzione --rewrite vuole una cartella"_s;
+    if (line.error.isEmpty() && !line.help && !line.version && line.paths.isEmpty())
+        line.error = u"manca il file o la cartella da elaborare"_s;
+    return line;
+}

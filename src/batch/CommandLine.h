@@ -1,0 +1,23 @@
+// The command line of quorel-batch.
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+struct CommandLine {
+    bool json = false;
+    bool chartData = false;
+    bool help = false;
+    bool version = false;
+    bool english = true; ///< language of reports and charts
+    QString rewriteDir;  ///< empty: documents are not saved again
+    QString decSep;      ///< the separator that numbers show
+    QStringList paths;   ///< files and folders as given
+    QString error;       ///< why the call is wrong, or empty
+};
+
+/// arguments without the program's name.
+CommandLine ParseCommandLine(const QStringList& arguments);
+
+/// What --help prints.
+QString HelpText();

@@ -1,0 +1,24 @@
+// The one way in which logic speaks to the user. Windows show message boxes, the companion collects them,
+// tests answer from a script.
+#pragma once
+
+#include "stats/RuntimeFailure.h"
+
+#include <QString>
+
+enum class MessageIcon { None, Information, Exclamation, Critical, Question };
+
+/// The values are those that the message box call of the runtime returns.
+enum class Answer { NotAsked = 0, Cancel = 2, Yes = 6, No = 7 };
+
+class Messages
+{
+public:
+    virtual ~Messages() = default;
+    virtual void Show(MessageIcon icon, const QString& title, const QString& text) = 0;
+    /// A question with yes, no and cancel.
+    virtual Answer Ask(MessageIcon icon, const QString& title, const QString& text) = 0;
+};
+
+/// "Errore di run-time '13': Tipo non corrispondente"
+QString FailureMessage(const RuntimeFailure& failure);

@@ -1,0 +1,21 @@
+// Small routines on text that documents, texts and files share.
+#pragma once
+
+#include <QString>
+#include <QStringView>
+
+/// text with each occurrence of search, looked for anew from the start after every replacement, replaced;
+/// changes text in place as well. Case counts. A replacement that contains search is put in once for each
+/// occurrence.
+QString ReplaceStr(QString& text, const QString& search, const QString& replacement);
+/// The same for a text that is not kept.
+QString ReplaceStr(QString&& text, const QString& search, const QString& replacement);
+
+/// text without the blanks at both ends; other white space stays.
+QString TrimBlanks(QStringView text);
+
+/// The system's decimal separator.
+QString GetDecSep();
+
+/// The grouping character that goes with a decimal separator: "." for ",", otherwise ",".
+QString OtherDecSep(QStringView decSep);

@@ -1,0 +1,54 @@
+#include "framework/window/MessageBoxes.h"
+
+#include <QMessageBox>
+
+namespace
+{
+
+QMessageBox::Icon BoxIcon(MessageIcon icon)
+{
+    switch (icon) {
+    case MessageIcon::None:
+        return QMessageBox::NoIcon;
+    case MessageIcon::Information:
+        return QMessageBox::Information;
+    case MessageIcon::Exclamation:
+        return QMessageBox::Warning;
+    case MessageIcon::Critical:
+        return QMessageBox::Critical;
+    case MessageIcon::Question:
+        return QMessageBox::Question;
+    }
+    return QMessageBox::NoIcon;
+}
+
+void Prepare(QMessageBox& box, const QString& text)
+{
+    box.setTextFormat(Qt::PlainText);
+    box.setText(text);
+}
+
+} // namespace
+
+void MessageBoxes::Show(MessageIcon icon, const QString& title, const QString& text)
+{
+    QMessageBox box(BoxIcon(icon), title, {}, QMessageBox::Ok, m_parent);
+    Prepare(box, text);
+    box.exec();
+}
+
+Answer MessageBoxes::Ask(MessageIcon icon, const QString& title, const QString& text)
+{
+    QMessageBox box(BoxIcon(icon), title, {}, QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel,
+                    m_parent);
+    Prepare(box, text);
+    box.setDefaultButton(QMessageBox::Yes);
+    switch (box.exec()) {
+    case QMessageBox::Yes:
+        return Answer::Yes;
+    case QMessageBox::No:
+        return Answer::No;
+    default:
+        return Answer::Cancel;
+    }
+}

@@ -1,0 +1,38 @@
+// The frame: a window of many documents, empty until a test is chosen.
+#pragma once
+
+#include "framework/TestDocument.h"
+#include "framework/window/Frame.h"
+#include "framework/window/TestWindow.h"
+
+#include <QMainWindow>
+#include <QMdiArea>
+
+class MainWindow : public QMainWindow, public Frame
+{
+    Q_OBJECT
+
+public:
+    explicit MainWindow(const DocumentContext& context);
+    ~MainWindow() override;
+
+    bool HasTest(QStringView key) const override;
+    void ShowTest(QStringView key) override;
+    void Arrange(Arrangement arrangement) override;
+    void EndProgram() override { close(); }
+
+    /// The open window of this test, or null.
+    TestWindow* OpenTest(QStringView key) const;
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    void BuildMenus();
+    void AddMethod(QMenu* menu, const QString& name, const QString& caption, const QString& key);
+    void ShowMenus();
+
+    DocumentContext m_context;
+    QMdiArea* m_area;
+    QList<QMenu*> m_menus; ///< the frame's own, seen while no test is open
+};

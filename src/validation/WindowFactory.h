@@ -1,0 +1,11 @@
+// Makes the window of a test, with its document.
+#pragma once
+
+#include "framework/window/TestWindow.h"
+
+/// Whether the program has the window of this test.
+bool HasWindow(QStringView key);
+
+/// A new window with a new document, or null for a test that the program does not have. Owned by whoever
+/// shows it.
+TestWindow* CreateTestWindow(QStringView key, const DocumentContext& context, Frame& frame);

@@ -1,0 +1,29 @@
+// The window of the test of the detection and quantitation limits.
+#pragma once
+
+#include "framework/window/TestWindow.h"
+#include "validation/limits/LimiDocument.h"
+
+#include <QRadioButton>
+
+#include <array>
+
+class LimiWindow : public TestWindow
+{
+    Q_OBJECT
+
+public:
+    LimiWindow(std::unique_ptr<LimiDocument> document, Frame& frame);
+
+protected:
+    void Refresh() override;
+
+private:
+    QWidget* InfoPage();
+    QWidget* DataPage();
+    QGroupBox* SizeFrame();
+    QGroupBox* ResultFrame();
+
+    LimiDocument& m_document;
+    std::array<QRadioButton*, 2> m_options{};
+};

@@ -1,0 +1,113 @@
+// The world around a document in a test: a scripted file dialog, scripted answers, global values, a table of
+// F.
+#pragma once
+
+#include "framework/TestDocument.h"
+
+#include <QFile>
+#include <QList>
+#include <QTest>
+
+#include <map>
+
+/// A file dialog that answers with the names laid out for it, in order, and fails the test when none is left.
+class ScriptedDialog : public CommonDialog
+{
+public:
+    /// The answer to the next question; an empty name is a cancel.
+    void WillChoose(const QString& fileName) { m_answers.append(fileName); }
+    int Asked() const { return m_asked; }
+    bool ShowOpen() override { return Choose(); }
+    bool ShowSave() override { return Choose(); }
+
+private:
+    bool Choose()
+    {
+        ++m_asked;
+        if (m_answers.isEmpty()) {
+            QTest::qFail("a file dialog that the test did not expect", __FILE__, __LINE__);
+            return false;
+        }
+        const QString answer = m_answers.takeFirst();
+        if (!answer.isEmpty())
+            FileName = answer;
+        return !answer.isEmpty();
+    }
+
+    QList<QString> m_answers;
+    int m_asked = 0;
+};
+
+/// Collects messages; answers questions from a script and fails the test on one that it does not hold.
+class ScriptedMessages : public Messages
+{
+public:
+    struct Shown {
+        MessageIcon icon;
+        QString title;
+        QString text;
+    };
+
+    void WillAnswer(Answer answer) { m_answers.append(answer); }
+    const QList<Shown>& All() const { return m_shown; }
+    /// The text of the only message since the last call, or a note that tells the count.
+    QString TakeOnly()
+    {
+        const QList<Shown> shown = std::exchange(m_shown, {});
+        return shown.size() == 1 ? shown.front().text : QStringLiteral("%1 messages").arg(shown.size());
+    }
+
+    void Show(MessageIcon icon, const QString& title, const QString& text) override
+    {
+        m_shown.append({icon, title, text});
+    }
+    Answer Ask(MessageIcon icon, const QString& title, const QString& text) override
+    {
+        Show(icon, title, text);
+        if (m_answers.isEmpty()) {
+            QTest::qFail("a question that the test did not expect", __FILE__, __LINE__);
+            return Answer::Cancel;
+        }
+        return m_answers.takeFirst();
+    }
+
+private:
+    QList<Answer> m_answers;
+    QList<Shown> m_shown;
+};
+
+/// No table: asking for it fails as a missing database does.
+class MissingFTable : public FTable
+{
+public:
+    std::optional<double> Find(std::int16_t, std::int16_t) override
+    {
+        throw RuntimeFailure(FailureKind::DatabaseNotOpen);
+    }
+};
+
+struct TestPlace {
+    Define define;
+    ScriptedDialog dialog;
+    ScriptedMessages messages;
+    MissingFTable fTable;
+
+    DocumentContext Context() { return {define, dialog, messages, fTable}; }
+};
+
+inline QString DataFile(const QString& name)
+{
+    return QStringLiteral(QUOREL_TEST_DATA "/") + name;
+}
+
+inline QByteArray BytesOf(const QString& fileName)
+{
+    QFile file(fileName);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<unreadable>");
+}
+
+inline bool WriteBytes(const QString& fileName, const QByteArray& bytes)
+{
+    QFile file(fileName);
+    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
+}

@@ -1,0 +1,241 @@
+// The companion in its own process: JSON, summary, rewriting, exit states, and files that are not what they
+// seem.
+#include "batch/Batch.h"
+#include "Compare.h"
+#include "TestPlace.h"
+#include "batch/JsonWriter.h"
+
+#include <QBuffer>
+#include <QDir>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QTemporaryDir>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+struct Run {
+    int status = -1;
+    QByteArray out;
+    QString err;
+
+    QJsonObject Object(int line = 0) const
+    {
+        return QJsonDocument::fromJson(out.split('\n').value(line)).object();
+    }
+};
+
+Run RunWith(const QStringList& arguments)
+{
+    QBuffer out;
+    QBuffer err;
+    out.open(QIODevice::WriteOnly);
+    err.open(QIODevice::WriteOnly);
+    Run run;
+    run.status = RunBatch(QStringList{u"--decimal"_s, u"."_s} + arguments,
+                          {.out = out, .err = err, .dbFile = {}, .version = u"1.2"_s});
+    run.out = out.data();
+    run.err = QString::fromUtf8(err.data());
+    return run;
+}
+
+} // namespace
+
+class BatchTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init()
+    {
+        FailOnWarnings();
+        m_folder = std::make_unique<QTemporaryDir>();
+    }
+
+    void OneObjectALine()
+    {
+        const QString file = DataFile(u"one-to-five.LIM"_s);
+        const Run run = RunWith({u"--json"_s, file});
+        QCOMPARE(run.status, 0);
+        QCOMPARE(run.err, QString());
+        QCOMPARE(run.out.count('\n'), 1);
+        const QJsonObject object = run.Object();
+        const QStringList keys{u"aInputData"_s, u"cConcl"_s,   u"conclusions"_s, u"decimali"_s, u"failure"_s,
+                               u"file"_s,       u"grids"_s,    u"headers"_s,     u"interi"_s,   u"key"_s,
+                               u"means"_s,      u"messages"_s, u"option"_s,      u"read"_s,     u"results"_s,
+                               u"size"_s,       u"table"_s,    u"values"_s,      u"verdict"_s};
+        QCOMPARE(object.keys(), keys);
+        QCOMPARE(object[u"file"].toString(), file);
+        QCOMPARE(object[u"read"].toString(), u"complete"_s);
+        QCOMPARE(object[u"decimali"].toInt(), 4);
+        QCOMPARE(object[u"aInputData"].toArray(),
+                 QJsonArray({u"HPLC isocratico"_s, u"Caffeina"_s, u"Lotto 12"_s, u"mg/l"_s}));
+        QCOMPARE(object[u"size"].toObject(), QJsonObject({{u"nDet"_s, u"5"_s}}));
+        QCOMPARE(object[u"option"].toInt(-1), 0);
+        QCOMPARE(object[u"grids"].toArray()[0].toArray()[4].toArray(), QJsonArray({u"5.0000"_s}));
+        QCOMPARE(object[u"results"].toObject(),
+                 QJsonObject(
+                     {{u"StDev"_s, u"1.5811"_s}, {u"LimRil"_s, u"3.1623"_s}, {u"LimDet"_s, u"15.8114"_s}}));
+        QCOMPARE_EQ(object[u"values"][u"s"].toDouble(), std::sqrt(2.5));
+        QCOMPARE(object[u"conclusions"][u"it"].toArray().size(), 2);
+        QVERIFY(object[u"conclusions"][u"en"][0].toString().startsWith(u"DETECTION LIMIT\r\n"_s));
+        QVERIFY(object[u"cConcl"].toString().endsWith(object[u"conclusions"][u"it"][0].toString()));
+        QVERIFY(object[u"failure"].isNull() && object[u"table"].isNull() && object[u"verdict"].isNull());
+        QCOMPARE(RunWith({u"--json"_s, u"--chart-data"_s, file}).Object()[u"charts"].toArray(), QJsonArray());
+    }
+
+    void NotCalculated()
+    {
+        const Run run = RunWith({u"--json"_s, DataFile(u"five-with-one-empty.LIM"_s)});
+        QCOMPARE(run.status, 1);
+        const QJsonObject object = run.Object();
+        QCOMPARE(object[u"read"].toString(), u"complete"_s);
+        QCOMPARE(object[u"failure"][u"number"].toInt(), 13);
+        QCOMPARE(object[u"results"][u"LimDet"].toString(), u"0.000"_s);
+        QCOMPARE(object[u"cConcl"].toString(), QString());
+        QCOMPARE(object[u"conclusions"][u"it"].toArray(), QJsonArray({QString(), QString()}));
+        QCOMPARE(object[u"values"].toObject(), QJsonObject());
+        QVERIFY(run.err.contains(u"five-with-one-empty.LIM: non calcolato"_s));
+    }
+
+    void CutFile()
+    {
+        const QByteArray whole = BytesOf(DataFile(u"one-to-five.LIM"_s));
+        const QString cut = m_folder->filePath(u"però cut.lim"_s);
+        QVERIFY(WriteBytes(cut, whole.first(whole.indexOf("3,3"))));
+        const Run run = RunWith({u"--json"_s, cut, DataFile(u"one-to-five.LIM"_s)});
+        QCOMPARE(run.status, 1);
+        QCOMPARE(run.Object()[u"file"].toString(), cut);
+        QCOMPARE(run.Object()[u"read"].toString(), u"partial"_s);
+        QCOMPARE(run.Object()[u"failure"][u"number"].toInt(), 62);
+        QVERIFY(run.err.contains(cut));
+        QCOMPARE(run.Object(1)[u"read"].toString(), u"complete"_s);
+    }
+
+    void FolderInOrderOfName()
+    {
+        for (const auto& name : {u"b.LIM"_s, u"B.lim"_s, u"a.Lim"_s, u"note.txt"_s})
+            QVERIFY(QFile::copy(DataFile(u"one-to-five.LIM"_s), m_folder->filePath(name)));
+        QVERIFY(QDir(m_folder->path()).mkdir(u"sub.LIM"_s));
+        const Run run = RunWith({u"--json"_s, m_folder->path()});
+        QCOMPARE(run.status, 0);
+        QStringList names;
+        for (int line = 0; line < run.out.count('\n'); ++line)
+            names += run.Object(line)[u"file"].toString();
+        QCOMPARE(names, QStringList({m_folder->path() + u"/B.lim"_s, m_folder->path() + u"/a.Lim"_s,
+                                     m_folder->path() + u"/b.LIM"_s}));
+    }
+
+    void NamesWhatItCannotDo_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QString>("reason");
+        QTest::addRow("none") << u"none.LIM"_s << u"File non trovato"_s;
+        QTest::addRow("of no kind") << u"note.txt"_s << u"non è un file di dati"_s;
+        QTest::addRow("of a kind to come") << u"lotto.TAR"_s << u"non sono ancora gestiti"_s;
+        QTest::addRow("zeros") << u"zeros.LIM"_s << u"riga 1"_s;
+        QTest::addRow("nothing to calculate") << u"new.LIM"_s << u"la somma dei valori è zero"_s;
+    }
+
+    void NamesWhatItCannotDo()
+    {
+        QFETCH(QString, name);
+        QFETCH(QString, reason);
+        QVERIFY(WriteBytes(m_folder->filePath(u"zeros.LIM"_s), QByteArray(100, '\0')));
+        QVERIFY(WriteBytes(m_folder->filePath(u"lotto.TAR"_s), "x"));
+        QVERIFY(WriteBytes(m_folder->filePath(u"note.txt"_s), "x"));
+        QVERIFY(WriteBytes(m_folder->filePath(u"new.LIM"_s), "2\r\n\r\n\r\n\r\n\r\n0\r\n5\r\nVero\r\n"
+                                                             " 1,0\r\n2,0\r\n3,0\r\n4,0\r\n5,0\r\n"));
+        const Run run = RunWith({m_folder->filePath(name), DataFile(u"one-to-five.LIM"_s)});
+        QCOMPARE(run.status, 1);
+        QVERIFY2(run.err.contains(name + u": "_s) && run.err.contains(reason), qPrintable(run.err));
+        QVERIFY(run.out.contains("15.8114")); // the other one is done all the same
+    }
+
+    void Rewrite()
+    {
+        const QString target = m_folder->filePath(u"new/folder"_s);
+        const QString other = m_folder->filePath(u"older-kind.LIM"_s);
+        QVERIFY(QFile::copy(DataFile(u"one-to-five.LIM"_s), other));
+        const Run run = RunWith({u"--rewrite"_s, target, DataFile(u"older-kind.LIM"_s),
+                                 DataFile(u"five-with-one-empty.LIM"_s), other});
+        QCOMPARE(run.status, 1);
+        QVERIFY(BytesOf(target + u"/older-kind.LIM"_s)
+                    .startsWith("Quorel for Windows\r\n3\r\n3\r\n2\r\nTitolazione"));
+        QCOMPARE(BytesOf(target + u"/five-with-one-empty.LIM"_s),
+                 BytesOf(DataFile(u"five-with-one-empty.LIM"_s)));
+        QVERIFY2(run.err.contains(other + u": non salvato"_s), qPrintable(run.err)); // the name is taken
+        QCOMPARE(RunWith({u"--rewrite=%1/."_s.arg(m_folder->path()), other}).status,
+                 2); // never where it came from
+    }
+
+    void WrongCalls_data()
+    {
+        QTest::addColumn<QStringList>("arguments");
+        QTest::addRow("nothing") << QStringList();
+        QTest::addRow("unknown option") << QStringList{u"--jason"_s, u"a.LIM"_s};
+        QTest::addRow("value where none belongs") << QStringList{u"--json=1"_s, u"a.LIM"_s};
+        QTest::addRow("value missing") << QStringList{u"a.LIM"_s, u"--language"_s};
+        QTest::addRow("unknown language") << QStringList{u"--language"_s, u"fr"_s, u"a.LIM"_s};
+        QTest::addRow("no separator") << QStringList{u"--decimal"_s, u";"_s, u"a.LIM"_s};
+    }
+
+    void WrongCalls()
+    {
+        QFETCH(QStringList, arguments);
+        const Run run = RunWith(arguments);
+        QCOMPARE(run.status, 2);
+        QVERIFY(!run.err.isEmpty() && run.out.isEmpty());
+    }
+
+    void DecimalComma()
+    {
+        const Run run = RunWith({u"--decimal"_s, u","_s, u"--json"_s, DataFile(u"one-to-five.LIM"_s)});
+        QCOMPARE(run.Object()[u"results"][u"LimDet"].toString(), u"15,8114"_s);
+        QVERIFY(run.Object()[u"cConcl"].toString().endsWith(u"3,1623"_s));
+    }
+
+    void Help()
+    {
+        const Run help = RunWith({u"--help"_s});
+        QCOMPARE(help.status, 0);
+        for (const auto& option : {"--json", "--rewrite", "--decimal"})
+            QVERIFY(help.out.contains(option));
+        QCOMPARE(RunWith({u"--version"_s}).out, "quorel-batch 1.2\n");
+    }
+
+    void Json()
+    {
+        JsonWriter json;
+        json.BeginObject();
+        json.Key("a"_L1);
+        json.Text(u"\"\\\r\n\t\u0001è\U0001F600\x7f");
+        json.Key("b"_L1);
+        json.BeginList();
+        json.Number(0.1 + 0.2);
+        json.Number(-1e300);
+        json.Number(5e-324);
+        json.Bool(true);
+        json.BeginList();
+        json.EndList();
+        json.Null();
+        json.EndList();
+        json.EndObject();
+        QJsonParseError error;
+        const QJsonObject object = QJsonDocument::fromJson(json.Bytes(), &error).object();
+        QCOMPARE(error.error, QJsonParseError::NoError);
+        QCOMPARE(object[u"a"].toString(), u"\"\\\r\n\t\u0001è\U0001F600\x7f"_s);
+        QCOMPARE_EQ(object[u"b"][0].toDouble(), 0.1 + 0.2);
+        QCOMPARE_EQ(object[u"b"][2].toDouble(), 5e-324);
+        QCOMPARE(object[u"b"].toArray().size(), 6);
+    }
+
+private:
+    std::unique_ptr<QTemporaryDir> m_folder;
+};
+
+QTEST_GUILESS_MAIN(BatchTest)
+#include "BatchTest.moc"
