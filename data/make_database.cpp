@@ -63,7 +63,7 @@ int main(int argc, char** argv)
     const QStringList arguments = QCoreApplication::arguments();
     if (arguments.size() != 3)
         Stop(u"usage: make_database SCHEMA DATABASE"_s);
-    const QString target = arguments[2];
+    const QString& target = arguments[2];
     QDir().mkpath(QFileInfo(target).absolutePath());
     QFile::remove(target);
 
