@@ -16,7 +16,6 @@ int main(int argc, char** argv)
 {
     QApplication application(argc, argv);
     QApplication::setApplicationName(u"quorel"_s);
-    QApplication::setApplicationDisplayName(u"Quorel 2006"_s);
     QTranslator translator;
     if (translator.load(u"qtbase_it"_s, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
         QApplication::installTranslator(&translator);

@@ -274,6 +274,8 @@ private Q_SLOTS:
         QTest::addRow("negative decimals") << FileWith({{3, "-1"}}) << 5 << 3 << empty;
         QTest::addRow("digits out of range") << FileWith({{2, "40000"}}) << 6 << 2 << empty;
         QTest::addRow("line 4 no number") << FileWith({{4, "x"}}) << 13 << 4 << empty;
+        QTest::addRow("blanks around texts")
+            << FileWith({{5, "  HPLC  "}, {8, " Lotto 12 "}}) << 0 << 0 << five;
         QTest::addRow("line 9 no number") << FileWith({{9, "x"}}) << 0 << 0 << five;
         QTest::addRow("no count") << FileWith({{10, ""}}) << 13 << 11 << empty;
         QTest::addRow("count in words") << FileWith({{10, "five"}}) << 13 << 11 << empty;
@@ -301,6 +303,8 @@ private Q_SLOTS:
         QCOMPARE(Cells(*m_document), cells);
         QVERIFY(!m_document->IsModify() && !m_document->ChangeMade());
         QCOMPARE(m_document->Title() == u"Limiti - no file", failure != 0);
+        if (failure == 0)
+            QCOMPARE(m_document->InputData(2), u"Lotto 12"_s);
     }
 
     void MissingCountShowsTheLiteral()
