@@ -21,6 +21,7 @@ class Nobody : public CommonDialog, public Messages, public FTable
 public:
     bool ShowOpen() override { return false; }
     bool ShowSave() override { return false; }
+    QString BrowseFolder(const QString&, const QString&) override { return {}; }
     void Show(MessageIcon, const QString&, const QString&) override {}
     Answer Ask(MessageIcon, const QString&, const QString&) override { return Answer::Cancel; }
     std::optional<double> Find(std::int16_t, std::int16_t) override { return std::nullopt; }

@@ -3,6 +3,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QRegularExpression>
 #include <QSqlDatabase>
 #include <QSqlError>
 #include <QSqlQuery>
@@ -32,7 +33,8 @@ void RunSchema(const QSqlDatabase& database, const QString& schemaFile)
     QFile file(schemaFile);
     if (!file.open(QIODevice::ReadOnly))
         Stop(file.errorString());
-    const QString schema = QString::fromUtf8(file.readAll());
+    QString schema = QString::fromUtf8(file.readAll());
+    schema.remove(QRegularExpression(u"--[^\n]*"_s)); // comments may hold semicolons
     QSqlQuery query(database);
     for (const QString& statement : schema.split(u';')) {
         if (!statement.trimmed().isEmpty() && !query.exec(statement))

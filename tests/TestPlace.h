@@ -19,6 +19,13 @@ public:
     int Asked() const { return m_asked; }
     bool ShowOpen() override { return Choose(); }
     bool ShowSave() override { return Choose(); }
+    QString BrowseFolder(const QString& title, const QString& folder) override
+    {
+        m_browsed.append(title + u'|' + folder);
+        return m_answers.isEmpty() ? QString() : m_answers.takeFirst();
+    }
+    /// Title and first folder of each question for a folder.
+    const QStringList& Browsed() const { return m_browsed; }
 
 private:
     bool Choose()
@@ -35,6 +42,7 @@ private:
     }
 
     QList<QString> m_answers;
+    QStringList m_browsed;
     int m_asked = 0;
 };
 

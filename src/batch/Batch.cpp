@@ -26,6 +26,7 @@ class NoDialog : public CommonDialog
 public:
     bool ShowOpen() override { return false; }
     bool ShowSave() override { return false; }
+    QString BrowseFolder(const QString&, const QString&) override { return {}; }
 };
 
 class MessageCollector : public Messages

@@ -1,13 +1,40 @@
-// The local database, an SQLite file. All SQL of the program stands here.
+// The local database, an SQLite file. All SQL of the program stands here. Each operation opens the file, uses
+// it and closes it.
 #pragma once
 
 #include "stats/CriticalValues.h"
 
+#include <QLatin1StringView>
 #include <QString>
 
+#include <array>
 #include <map>
 #include <mutex>
 #include <utility>
+
+/// The company data, the one record of the table Anagrafica. A field that is null in the table reads as
+/// empty.
+struct Company {
+    static constexpr std::size_t kTexts = 10;
+    /// The names of the text fields, in the order of the table.
+    static constexpr std::array<QLatin1StringView, kTexts> kFields = {
+        QLatin1StringView("AZIENDA"), QLatin1StringView("TITOLARE"), QLatin1StringView("RESPONSABILECHIMICO"),
+        QLatin1StringView("VIA"),     QLatin1StringView("CITTA"),    QLatin1StringView("CAP"),
+        QLatin1StringView("TEL"),     QLatin1StringView("FAX"),      QLatin1StringView("EMAIL"),
+        QLatin1StringView("INTERNET")};
+
+    std::array<QString, kTexts> texts;
+    QString logoPath;
+    bool noLogo = false;
+};
+
+/// Fails: DatabaseNotOpen for a file that is missing, locked or no database, TableNotFound without the table
+/// or its record. The text tells the reason.
+Company ReadCompany(const QString& dbFile);
+
+/// Changes the one record. Fails as ReadCompany does, with DatabaseNotWritten when the file can't be written,
+/// and with FieldTooSmall for a text that is longer than its field; the text names the field then.
+void WriteCompany(const QString& dbFile, const Company& company);
 
 /// The table TabF of a database file, read as a whole when it is first asked for and kept.
 /// May be asked from several threads.

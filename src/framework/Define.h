@@ -3,6 +3,8 @@
 
 #include <QString>
 
+#include <cstdint>
+
 /// The one object of global values. Documents that are calculated side by side have one each.
 struct Define {
     QString FileMarker = QStringLiteral("Quorel for Windows"); ///< first line of every data file
@@ -14,8 +16,27 @@ struct Define {
     QString DescResults = QStringLiteral("Mostra i risultati dell'elaborazione");
     QString DescConcl = QStringLiteral("Mostra il testo delle conclusioni");
 
-    QString OpenSaveFolder; ///< where the file dialog starts
-    QString DbFile;         ///< the database that holds the table of F
+    QString NoReaderMsg =
+        QStringLiteral("Devi avere installato Acrobat Reader per visualizzare questo documento");
+
+    // Limits of the logo on a report, in twips: 2.5 cm by 10 cm.
+    std::int16_t LogoMaxHeight = 1425;
+    std::int16_t LogoMaxWidth = 5700;
+
+    QString
+        ProgramFolder; ///< where the executable and its read-only companions lie, without a closing separator
+    QString IchDoc;    ///< the guideline
+    QString BookDoc;   ///< the reference book
+
+    // The user's folders and files. Folders end with a separator, unless the user typed one without.
+    QString AppFolder;
+    QString IniFile;
+    QString DbFolder;
+    QString DbFile;         ///< the working database
+    QString OpenSaveFolder; ///< data files; where the file dialog starts
+    QString BackupFolder;
+    QString BkAutoSave = QStringLiteral("0"); ///< backup at closing: "0" is no, any other number yes
+    QString LogoFile;                         ///< the logo of the reports, empty for none
 
     /// Deliberate: the format that was built last in any document, and the one that results are printed with.
     QString NumFormat;

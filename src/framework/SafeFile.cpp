@@ -2,18 +2,21 @@
 
 #include "stats/RuntimeFailure.h"
 
+#include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 
 #include <array>
 #include <cerrno>
 #include <cstring>
 
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace
 {
+
+constexpr qsizetype kBlock = 1 << 18;
 
 [[noreturn]] void Fail(FailureKind kind, const QString& reason)
 {
@@ -57,23 +60,6 @@ void RequirePlace(const QFileInfo& target)
         Fail(FailureKind::PermissionDenied, {});
 }
 
-/// The bytes that stand in the open file are these, and no more.
-bool ReadsBackAs(int descriptor, QByteArrayView bytes)
-{
-    std::array<char, 65536> block;
-    qsizetype at = 0;
-    while (true) {
-        const ssize_t count = ::pread(descriptor, block.data(), block.size(), at);
-        if (count < 0 || at + count > bytes.size())
-            return false;
-        if (count == 0)
-            return at == bytes.size();
-        if (std::memcmp(block.data(), bytes.data() + at, static_cast<std::size_t>(count)) != 0)
-            return false;
-        at += count;
-    }
-}
-
 /// So that the new name, too, is on the disk. A folder that can't be opened for reading is left to the
 /// system.
 void SyncFolder(const QString& folder)
@@ -87,22 +73,88 @@ void SyncFolder(const QString& folder)
 
 } // namespace
 
+SafeFile::SafeFile(const QString& fileName) : m_file(fileName)
+{
+    RequirePlace(QFileInfo(fileName));
+    errno = 0;
+    if (!m_file.open(QIODevice::WriteOnly))
+        FailWithSystemError(errno, FailureKind::PermissionDenied);
+}
+
+void SafeFile::Write(QByteArrayView bytes)
+{
+    if (m_file.write(bytes.data(), bytes.size()) != bytes.size())
+        FailWithSystemError(errno);
+    m_size += bytes.size();
+    m_hash.addData(bytes);
+}
+
+void SafeFile::TakeTimesOf(int descriptor)
+{
+    struct stat status {
+    };
+    if (::fstat(descriptor, &status) != 0 || !m_file.flush())
+        FailWithSystemError(errno);
+    const std::array<timespec, 2> times{status.st_atim, status.st_mtim};
+    if (::futimens(m_file.handle(), times.data()) != 0)
+        FailWithSystemError(errno);
+}
+
+/// The bytes that stand in the file are those that were written, and no more.
+bool SafeFile::ReadsBack()
+{
+    QCryptographicHash hash(QCryptographicHash::Sha1);
+    QByteArray block(kBlock, Qt::Uninitialized);
+    qint64 at = 0;
+    while (true) {
+        const ssize_t count = ::pread(m_file.handle(), block.data(), static_cast<std::size_t>(block.size()),
+                                      static_cast<off_t>(at));
+        if (count < 0)
+            return false;
+        if (count == 0)
+            return at == m_size && hash.result() == m_hash.result();
+        hash.addData(QByteArrayView(block.constData(), count));
+        at += count;
+    }
+}
+
+void SafeFile::Commit()
+{
+    if (!m_file.flush() || ::fsync(m_file.handle()) != 0)
+        FailWithSystemError(errno);
+    if (!ReadsBack())
+        Fail(FailureKind::DeviceError, {});
+    if (!m_file.commit())
+        FailWithSystemError(errno);
+    SyncFolder(QFileInfo(m_file.fileName()).absolutePath());
+}
+
 void WriteSafeFile(const QString& fileName, QByteArrayView bytes)
 {
-    const QFileInfo target(fileName);
-    RequirePlace(target);
-    QSaveFile file(fileName);
-    errno = 0;
-    if (!file.open(QIODevice::WriteOnly))
-        FailWithSystemError(errno, FailureKind::PermissionDenied);
-    // Unless committed, the temporary file goes with the object and the former file stays.
-    if (file.write(bytes.data(), bytes.size()) != bytes.size() || !file.flush())
-        FailWithSystemError(errno);
-    if (::fsync(file.handle()) != 0)
-        FailWithSystemError(errno);
-    if (!ReadsBackAs(file.handle(), bytes))
-        Fail(FailureKind::DeviceError, {});
-    if (!file.commit())
-        FailWithSystemError(errno);
-    SyncFolder(target.absolutePath());
+    SafeFile file(fileName);
+    file.Write(bytes);
+    file.Commit();
+}
+
+void CopySafeFile(const QString& source, const QString& target, const std::function<void(qint64)>& onCopied)
+{
+    QFile from(source);
+    if (!from.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
+        throw RuntimeFailure(from.exists() ? FailureKind::PermissionDenied : FailureKind::FileNotFound);
+    SafeFile to(target);
+    QByteArray block(kBlock, Qt::Uninitialized);
+    qint64 copied = 0;
+    while (true) {
+        const qint64 count = from.read(block.data(), block.size());
+        if (count < 0)
+            Fail(FailureKind::DeviceError, from.errorString());
+        if (count == 0)
+            break;
+        to.Write(QByteArrayView(block.constData(), count));
+        copied += count;
+        if (onCopied)
+            onCopied(copied);
+    }
+    to.TakeTimesOf(from.handle());
+    to.Commit();
 }

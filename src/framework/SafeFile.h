@@ -2,10 +2,38 @@
 #pragma once
 
 #include <QByteArrayView>
+#include <QCryptographicHash>
+#include <QSaveFile>
 #include <QString>
 
-/// Replaces the file by these bytes, or creates it. The bytes go to a temporary file in the same folder, are
-/// written out to the disk and read back, and only then take the file's place; the folder is written out too.
-/// Fails, with the former file as it was: DiskFull, PermissionDenied, PathAccess (a folder stands there),
-/// PathNotFound (its folder is gone), DeviceError. The text tells the system's reason.
+#include <functional>
+
+/// A file being written. The bytes go to a temporary file in the same folder; Commit writes them out to the
+/// disk, reads them back, and only then lets them take the file's place. An object that goes without Commit
+/// leaves the former file as it was. All routines fail with DiskFull, PermissionDenied, PathAccess (a folder
+/// stands there), PathNotFound (its folder is gone) or DeviceError; the text tells the system's reason.
+class SafeFile
+{
+public:
+    explicit SafeFile(const QString& fileName);
+
+    void Write(QByteArrayView bytes);
+    /// The file gets the times of change and of access of an open file.
+    void TakeTimesOf(int descriptor);
+    void Commit();
+
+private:
+    bool ReadsBack();
+
+    QSaveFile m_file;
+    qint64 m_size = 0;
+    QCryptographicHash m_hash{QCryptographicHash::Sha1};
+};
+
+/// Replaces the file by these bytes, or creates it.
 void WriteSafeFile(const QString& fileName, QByteArrayView bytes);
+
+/// Copies a file, with its time of change, over the target. onCopied is told how many bytes are copied so
+/// far. Fails, besides, with FileNotFound or PermissionDenied for the source.
+void CopySafeFile(const QString& source, const QString& target,
+                  const std::function<void(qint64)>& onCopied = {});

@@ -7,6 +7,7 @@
 
 #include <QMainWindow>
 #include <QMdiArea>
+#include <QMdiSubWindow>
 
 class MainWindow : public QMainWindow, public Frame
 {
@@ -28,9 +29,20 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
-    void BuildMenus();
-    void AddMethod(QMenu* menu, const QString& name, const QString& caption, const QString& key);
+    QMenu* FileMenu();
+    QMenu* MethodsMenu();
+    QMenu* WindowsMenu();
+    QMenu* HelpMenu();
     void ShowMenus();
+    void ListWindows(QMenu* menu);
+    void Activate(QMdiSubWindow* window);
+    void TileWindows(Qt::Orientation along);
+    void ArrangeIcons();
+    QList<QMdiSubWindow*> Windows(bool minimized) const;
+
+    void ShowCompanyData();
+    void ShowOptions();
+    void RunBackup(bool silent);
 
     DocumentContext m_context;
     QMdiArea* m_area;

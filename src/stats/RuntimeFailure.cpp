@@ -30,8 +30,14 @@ const char* KindText(FailureKind kind)
         return "Il percorso non è quello di un file";
     case FailureKind::PathNotFound:
         return "Percorso non trovato";
+    case FailureKind::IniKey:
+        return "Errore nella lettura di una chiave";
     case FailureKind::DatabaseNotOpen:
         return "Impossibile aprire il database";
+    case FailureKind::DatabaseNotWritten:
+        return "Impossibile scrivere nel database";
+    case FailureKind::FieldTooSmall:
+        return "Testo più lungo del campo";
     case FailureKind::TableNotFound:
         return "Tabella non trovata nel database";
     }

@@ -18,8 +18,11 @@ enum class FailureKind {
     PermissionDenied = 70,
     PathAccess = 75,
     PathNotFound = 76,
+    IniKey = 1025,
     DatabaseNotOpen = 3024,
+    DatabaseNotWritten = 3027,
     TableNotFound = 3078,
+    FieldTooSmall = 3163,
 };
 
 /// Thrown by checked arithmetic, by conversions and by the readers and writers of files. It is caught where

@@ -1,5 +1,6 @@
 // Reading fields and lines, the code page, writing, and files that are whole or not at all.
 #include "Compare.h"
+#include "FullDisk.h"
 #include "TestPlace.h"
 #include "framework/CodePage.h"
 #include "framework/SafeFile.h"
@@ -7,34 +8,7 @@
 #include <QDir>
 #include <QTemporaryDir>
 
-#include <csignal>
-
-#include <sys/resource.h>
-
 using namespace Qt::StringLiterals;
-
-namespace
-{
-
-/// Files written meanwhile may not grow beyond this size, as on a disk that is full.
-class FullDisk
-{
-public:
-    explicit FullDisk(rlim_t bytes)
-    {
-        std::signal(SIGXFSZ, SIG_IGN);
-        getrlimit(RLIMIT_FSIZE, &m_former);
-        const rlimit limit{bytes, m_former.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    ~FullDisk() { setrlimit(RLIMIT_FSIZE, &m_former); }
-    Q_DISABLE_COPY_MOVE(FullDisk)
-
-private:
-    rlimit m_former{};
-};
-
-} // namespace
 
 class DataFileTest : public QObject
 {
@@ -177,6 +151,24 @@ private Q_SLOTS:
         }
         QCOMPARE(BytesOf(m_file), "former");
         QCOMPARE(QDir(m_folder->path()).entryList(QDir::Files | QDir::Hidden), QStringList(u"file.LIM"_s));
+    }
+
+    void CopyKeepsTheTimeOfChange()
+    {
+        const QByteArray bytes(700000, 'a');
+        QVERIFY(WriteBytes(m_file, bytes));
+        QFile file(m_file);
+        QVERIFY(file.open(QIODevice::ReadWrite));
+        const QDateTime changed = QDateTime::fromMSecsSinceEpoch(1136073600123);
+        QVERIFY(file.setFileTime(changed, QFileDevice::FileModificationTime));
+        const QString copy = m_folder->filePath(u"copy.LIM"_s);
+        qint64 told = 0;
+        CopySafeFile(m_file, copy, [&](qint64 copied) { told = copied; });
+        QCOMPARE(BytesOf(copy), bytes);
+        QCOMPARE(QFileInfo(copy).lastModified(), changed);
+        QCOMPARE(told, bytes.size());
+        VERIFY_FAILS(CopySafeFile(m_folder->filePath(u"none"_s), copy), FailureKind::FileNotFound);
+        QCOMPARE(BytesOf(copy), bytes);
     }
 
     void NotToBeWritten()

@@ -3,8 +3,10 @@
 #include "Compare.h"
 #include "TestPlace.h"
 
+#include <QDir>
 #include <QMdiSubWindow>
 #include <QMenuBar>
+#include <QTemporaryDir>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -25,14 +27,81 @@ private Q_SLOTS:
 
     void MenusFollowTheActiveWindow()
     {
-        QCOMPARE(MenuCaptions(), QStringList({u"&File"_s, u"&Metodi"_s}));
+        const QStringList own{u"&File"_s, u"&Metodi"_s, u"&Finestre"_s, u"&?"_s};
+        QCOMPARE(MenuCaptions(), own);
         Trigger(u"MnuMetodiDett4"_s);
         QCOMPARE(MenuCaptions(), QStringList({u"&File"_s, u"&Modifica"_s, u"&Strumenti"_s, u"M&etodi"_s,
                                               u"&Finestre"_s, u"&?"_s}));
         QCOMPARE(m_place->dialog.Filter, u"Limiti (*.LIM)|*.LIM"_s);
         QVERIFY(m_window->OpenTest(u"LIMI")->parentWidget()->close());
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        QTRY_COMPARE(MenuCaptions(), QStringList({u"&File"_s, u"&Metodi"_s}));
+        QTRY_COMPARE(MenuCaptions(), own);
+    }
+
+    void ItemsOfTheFrame()
+    {
+        QStringList items;
+        for (const QAction* menu : m_window->menuBar()->actions()) {
+            for (const QAction* item : menu->menu()->actions())
+                items += item->isSeparator() ? u"-"_s
+                         : item->isVisible() ? item->text()
+                                             : u"("_s + item->text();
+        }
+        QCOMPARE(items.join(u'|'),
+                 u"(&Crea categoria|(&Apri categoria|-|&Anagrafica Azienda|Opzioni|-|Backup dati|-|&Uscita|"
+                 "&Specificità|&Taratura|&Precisione|&Accuratezza|&Limite rilevazione e determinazione |"
+                 "Affianca &orizzontalmente|Affianca &verticalmente|&Sovrapponi|&Disponi icone|"
+                 "&Guida in linea|&Normativa di riferimento ICH|&Testo di riferimento V.Marzen|-|"
+                 "Informazioni su Quorel 2006"_s);
+    }
+
+    void WindowListAndArrangements()
+    {
+        m_window->ShowTest(u"LIMI");
+        auto* menu = m_window->OpenTest(u"LIMI")->findChild<QMenu*>(u"MnuFinestre"_s);
+        for (int i = 0; i < 2; ++i) { // made anew, not longer, each time
+            Q_EMIT menu->aboutToShow();
+            QCOMPARE(menu->actions().size(), 6);
+        }
+        QCOMPARE(menu->actions().last()->text(), u"&1 Limiti - no file"_s);
+        QVERIFY(menu->actions().last()->isChecked());
+        auto* sub = m_window->findChild<QMdiSubWindow*>();
+        sub->showMinimized();
+        menu->actions().last()->trigger();
+        QVERIFY(!sub->isMinimized());
+
+        QMdiArea* area = m_window->findChild<QMdiArea*>();
+        auto* other = area->addSubWindow(new QWidget);
+        other->show();
+        m_window->Arrange(Arrangement::TileHorizontally);
+        QCOMPARE(sub->width(), area->viewport()->width());
+        QCOMPARE(other->y(), sub->height());
+        m_window->Arrange(Arrangement::TileVertically);
+        QCOMPARE(sub->height(), area->viewport()->height());
+        QCOMPARE(other->x(), area->viewport()->width() / 2);
+        sub->showMinimized();
+        sub->move(50, 50);
+        m_window->Arrange(Arrangement::Icons);
+        QCOMPARE(sub->geometry().bottomLeft(), area->viewport()->rect().bottomLeft());
+    }
+
+    void BackupAtClosing()
+    {
+        const QTemporaryDir folder;
+        QVERIFY(QDir(folder.path()).mkdir(u"backup"_s));
+        QVERIFY(WriteBytes(folder.filePath(u"a.LIM"_s), "x"));
+        m_place->define.OpenSaveFolder = folder.path();
+        m_place->define.BackupFolder = folder.filePath(u"backup"_s);
+        m_place->define.BkAutoSave = u"1"_s;
+        m_window->ShowTest(u"LIMI");
+        m_window->OpenTest(u"LIMI")->Document().TypeInputData(0, u"HPLC"_s);
+        m_place->messages.WillAnswer(Answer::Cancel);
+        QVERIFY(!m_window->close());
+        QVERIFY(!QFile::exists(folder.filePath(u"backup/a.LIM"_s)));
+        m_place->messages.WillAnswer(Answer::No);
+        QVERIFY(m_window->close());
+        QCOMPARE(BytesOf(folder.filePath(u"backup/a.LIM"_s)), "x");
+        QCOMPARE(m_place->messages.All().size(), 2); // the two questions alone
     }
 
     void OneWindowATest()

@@ -1,5 +1,7 @@
 #include "framework/window/FileDialog.h"
 
+#include "framework/window/Forms.h"
+
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -10,10 +12,11 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-/// "Limiti (*.LIM)|*.LIM" as Qt has it.
+/// "Limiti (*.LIM)|*.LIM" as Qt has it: the name, and the patterns in brackets, parted by blanks.
 QString NameFilter(const QString& filter)
 {
-    return filter.section(u'|', 0, 0);
+    const QString name = filter.section(u'|', 0, 0).section(u" ("_s, 0, 0);
+    return u"%1 (%2)"_s.arg(name, filter.section(u'|', 1).replace(u';', u' '));
 }
 
 /// The name with the extension behind it, where it has not got it in some case already.
@@ -35,7 +38,7 @@ bool MayReplace(QWidget* parent, const QString& name)
 
 bool FileDialog::ShowOpen()
 {
-    QFileDialog dialog(m_parent, u"Apri"_s, InitDir, NameFilter(Filter));
+    QFileDialog dialog(DialogParent(m_parent), u"Apri"_s, InitDir, NameFilter(Filter));
     dialog.setFileMode(QFileDialog::ExistingFile);
     if (dialog.exec() != QDialog::Accepted)
         return false;
@@ -45,7 +48,7 @@ bool FileDialog::ShowOpen()
 
 bool FileDialog::ShowSave()
 {
-    QFileDialog dialog(m_parent, u"Salva con nome"_s, InitDir, NameFilter(Filter));
+    QFileDialog dialog(DialogParent(m_parent), u"Salva con nome"_s, InitDir, NameFilter(Filter));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     // The extension comes behind any name, and then the question: "lotto 1.5" is no name with an extension.
     dialog.setOption(QFileDialog::DontConfirmOverwrite);
@@ -57,4 +60,9 @@ bool FileDialog::ShowSave()
         return true;
     }
     return false;
+}
+
+QString FileDialog::BrowseFolder(const QString& title, const QString& folder)
+{
+    return QFileDialog::getExistingDirectory(DialogParent(m_parent), title, folder);
 }

@@ -14,6 +14,7 @@ public:
 
     bool ShowOpen() override;
     bool ShowSave() override;
+    QString BrowseFolder(const QString& title, const QString& folder) override;
 
 private:
     QPointer<QWidget> m_parent;

@@ -1,6 +1,10 @@
 #include "framework/window/MessageBoxes.h"
 
+#include "framework/window/Forms.h"
+
 #include <QMessageBox>
+
+using namespace Qt::StringLiterals;
 
 namespace
 {
@@ -25,14 +29,14 @@ QMessageBox::Icon BoxIcon(MessageIcon icon)
 void Prepare(QMessageBox& box, const QString& text)
 {
     box.setTextFormat(Qt::PlainText);
-    box.setText(text);
+    box.setText(QString(text).replace("\r\n"_L1, "\n"_L1));
 }
 
 } // namespace
 
 void MessageBoxes::Show(MessageIcon icon, const QString& title, const QString& text)
 {
-    QMessageBox box(BoxIcon(icon), title, {}, QMessageBox::Ok, m_parent);
+    QMessageBox box(BoxIcon(icon), title, {}, QMessageBox::Ok, DialogParent(m_parent));
     Prepare(box, text);
     box.exec();
 }

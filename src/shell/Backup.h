@@ -1,0 +1,24 @@
+// The backup of the data files.
+#pragma once
+
+#include "framework/Define.h"
+#include "framework/Messages.h"
+
+#include <QString>
+
+/// Is told how far a backup is, and lets the interface breathe.
+class BackupProgress
+{
+public:
+    virtual ~BackupProgress() = default;
+    /// done and total in bytes; name: the file being copied. False to stop behind this file.
+    virtual bool Step(qint64 done, qint64 total, const QString& name) = 0;
+};
+
+/// Whether the settings ask for a backup when the program closes.
+bool BackupAtClose(const Define& define);
+
+/// Copies all files that lie directly in OpenSaveFolder to BackupFolder, over older copies, with their times
+/// of change. Each copy is whole or absent. The first failure ends it, told with the file's name. At the end
+/// a message, unless silent.
+void BackupFiles(bool silent, const Define& define, Messages& messages, BackupProgress& progress);

@@ -1,0 +1,154 @@
+#include "shell/Folders.h"
+
+#include "framework/SafeFile.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QTemporaryFile>
+
+#include <array>
+#include <cerrno>
+#include <cstring>
+
+#include <fcntl.h>
+#include <unistd.h>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+/// As much as a small document: what a full disk or a used up quota refuses.
+constexpr std::size_t kProbeSize = 4096;
+
+bool CanFill(int descriptor)
+{
+    const std::array<char, kProbeSize> block{};
+    return ::write(descriptor, block.data(), block.size()) == static_cast<ssize_t>(block.size());
+}
+
+/// Where the file system knows no files without a name, one with a name is made and removed.
+bool CanUseNamedFile(const QString& folder)
+{
+    QTemporaryFile file(QDir(folder).filePath(u".quorel-XXXXXX"_s));
+    return file.open() && CanFill(file.handle()) && file.remove();
+}
+
+bool CanUseFolder(const QString& folder)
+{
+#ifdef O_TMPFILE
+    const int descriptor =
+        ::open(QFile::encodeName(folder).constData(), O_TMPFILE | O_WRONLY | O_CLOEXEC, 0600);
+    if (descriptor >= 0) {
+        const bool filled = CanFill(descriptor);
+        return ::close(descriptor) == 0 && filled; // some file systems tell at closing
+    }
+    if (errno != EOPNOTSUPP && errno != EISDIR && errno != EINVAL)
+        return false;
+#endif
+    return CanUseNamedFile(folder);
+}
+
+bool CanWriteFile(const QString& file)
+{
+    const int descriptor = ::open(QFile::encodeName(file).constData(), O_WRONLY | O_CLOEXEC);
+    if (descriptor < 0)
+        return false;
+    ::close(descriptor);
+    return true;
+}
+
+QString WithoutClosingSeparator(const QString& path)
+{
+    return path.size() > 1 && path.endsWith(u'/') ? path.chopped(1) : path;
+}
+
+QString ParentOf(const QString& path)
+{
+    const QString plain = WithoutClosingSeparator(path);
+    const qsizetype separator = plain.lastIndexOf(u'/');
+    return separator <= 0 ? u"/"_s : plain.first(separator);
+}
+
+bool IsFolder(const QString& path)
+{
+    return QFileInfo(path).isDir();
+}
+
+/// In one step. Fails: PathAccess where a file stands there, and as the system tells.
+void MakeFolder(const QString& path)
+{
+    if (QDir().mkdir(WithoutClosingSeparator(path)) ||
+        IsFolder(path)) // another copy may have made it meanwhile
+        return;
+    const int error = errno;
+    const FailureKind kind = QFileInfo::exists(WithoutClosingSeparator(path)) ? FailureKind::PathAccess
+                                                                              : FailureKind::PathNotFound;
+    throw RuntimeFailure(kind, RuntimeFailure(kind).Text() + ": " + std::strerror(error));
+}
+
+} // namespace
+
+int CheckAccess(const QString& path, int mask)
+{
+    const QFileInfo info(WithoutClosingSeparator(path));
+    if (info.isDir())
+        return CanUseFolder(info.filePath()) ? mask : 0;
+    if (info.isFile())
+        return CanWriteFile(info.filePath()) ? mask : 0;
+    return -1;
+}
+
+bool CreaCartella(const QString& path, int mask, const Define& define, Messages& messages)
+{
+    if (IsFolder(path))
+        return true;
+    if (CheckAccess(ParentOf(path), mask) != mask) {
+        messages.Show(MessageIcon::Critical, define.AppTitle,
+                      u"Permessi insufficienti per creare la cartella "_s + path);
+        return false;
+    }
+    try {
+        MakeFolder(path);
+    } catch (const RuntimeFailure& failure) {
+        ShowProcedureFailure(u"CreaCartella"_s, failure, define, messages);
+        return false;
+    }
+    return true;
+}
+
+bool VerificaCartella(const QString& path, int mask, const Define& define, Messages& messages)
+{
+    if (IsFolder(path) && CheckAccess(path, mask) == mask)
+        return true;
+    messages.Show(MessageIcon::Critical, define.AppTitle,
+                  u"Permessi insufficienti per la cartella "_s + path);
+    return false;
+}
+
+bool CopyDatabase(const QString& source, const QString& target, const Define& define, Messages& messages)
+{
+    if (!QFileInfo::exists(target)) {
+        try {
+            CopySafeFile(source, target);
+        } catch (const RuntimeFailure& failure) {
+            messages.Show(MessageIcon::Critical, define.AppTitle,
+                          u"Impossibile copiare il database %1:\n%2."_s.arg(
+                              source, QString::fromStdString(failure.Text())));
+            return false;
+        }
+    }
+    if (CheckAccess(target, kFileWriteRights) == kFileWriteRights)
+        return true;
+    messages.Show(MessageIcon::None, define.AppTitle, target + u": Permessi insufficienti"_s);
+    return false;
+}
+
+void ShowProcedureFailure(const QString& procedure, const RuntimeFailure& failure, const Define& define,
+                          Messages& messages)
+{
+    messages.Show(MessageIcon::Critical, define.AppTitle,
+                  u"Errore %1 nella procedura DEFINE.%2.\r\n\r\n%3"_s.arg(
+                      QString::number(failure.Number()), procedure, QString::fromStdString(failure.Text())));
+}

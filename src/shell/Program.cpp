@@ -1,0 +1,43 @@
+#include "shell/Program.h"
+
+#include "shell/StartUp.h"
+
+#include <QApplication>
+#include <QLibraryInfo>
+#include <QSettings>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+const QString kFramePlace = u"frame/geometry"_s;
+} // namespace
+
+Program::Program()
+{
+    QApplication::setOrganizationName(u"Quorel"_s);
+    QApplication::setApplicationName(u"quorel"_s);
+    // The texts that Qt itself shows are Italian, too, whatever the system's language.
+    if (m_translator.load(u"qtbase_it"_s, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        QApplication::installTranslator(&m_translator);
+}
+
+Program::~Program()
+{
+    if (m_window)
+        QSettings().setValue(kFramePlace, m_window->saveGeometry());
+}
+
+bool Program::Start()
+{
+    InitGlobals(m_define, QApplication::applicationDirPath());
+    if (!InitPaths(m_define, GetSpecialFolder(), m_messages))
+        return false;
+    m_fTable = std::make_unique<DatabaseFTable>(m_define.DbFile);
+    m_window = std::make_unique<MainWindow>(DocumentContext{m_define, m_dialog, m_messages, *m_fTable});
+    m_dialog.SetParent(m_window.get());
+    m_messages.SetParent(m_window.get());
+    m_window->restoreGeometry(QSettings().value(kFramePlace).toByteArray());
+    m_window->show();
+    return true;
+}
