@@ -136,7 +136,7 @@ void WriteSafeFile(const QString& fileName, QByteArrayView bytes)
     file.Commit();
 }
 
-void CopySafeFile(const QString& source, const QString& target, const std::function<void(qint64)>& onCopied)
+bool CopySafeFile(const QString& source, const QString& target, const std::function<bool(qint64)>& goOn)
 {
     QFile from(source);
     if (!from.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
@@ -152,9 +152,10 @@ void CopySafeFile(const QString& source, const QString& target, const std::funct
             break;
         to.Write(QByteArrayView(block.constData(), count));
         copied += count;
-        if (onCopied)
-            onCopied(copied);
+        if (goOn && !goOn(copied))
+            return false;
     }
     to.TakeTimesOf(from.handle());
     to.Commit();
+    return true;
 }

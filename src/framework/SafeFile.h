@@ -33,7 +33,7 @@ private:
 /// Replaces the file by these bytes, or creates it.
 void WriteSafeFile(const QString& fileName, QByteArrayView bytes);
 
-/// Copies a file, with its time of change, over the target. onCopied is told how many bytes are copied so
-/// far. Fails, besides, with FileNotFound or PermissionDenied for the source.
-void CopySafeFile(const QString& source, const QString& target,
-                  const std::function<void(qint64)>& onCopied = {});
+/// Copies a file, with its time of change, over the target. goOn is told how many bytes are copied so far;
+/// once it says no, the copying ends with the target as it was and with false. Fails, besides, with
+/// FileNotFound or PermissionDenied for the source.
+bool CopySafeFile(const QString& source, const QString& target, const std::function<bool(qint64)>& goOn = {});

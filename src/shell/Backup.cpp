@@ -20,19 +20,14 @@ bool CopyAll(const QFileInfoList& files, const QDir& target, BackupProgress& pro
         total += file.size();
     qint64 done = 0;
     for (const QFileInfo& file : files) {
-        bool goOn = progress.Step(done, total, file.fileName());
-        if (!goOn)
-            return false;
+        const auto goOn = [&](qint64 copied) { return progress.Step(done + copied, total, file.fileName()); };
         try {
-            CopySafeFile(file.filePath(), target.filePath(file.fileName()), [&](qint64 copied) {
-                goOn = progress.Step(done + copied, total, file.fileName()) && goOn;
-            });
+            if (!goOn(0) || !CopySafeFile(file.filePath(), target.filePath(file.fileName()), goOn))
+                return false;
         } catch (const RuntimeFailure& failure) {
             throw RuntimeFailure(failure.Kind(), file.fileName().toStdString() + "\n" + failure.Text());
         }
         done += file.size();
-        if (!goOn)
-            return false;
     }
     return true;
 }

@@ -11,7 +11,8 @@ class BackupProgress
 {
 public:
     virtual ~BackupProgress() = default;
-    /// done and total in bytes; name: the file being copied. False to stop behind this file.
+    /// done and total in bytes; name: the file being copied. False to stop; the file being copied is left as
+    /// it was then.
     virtual bool Step(qint64 done, qint64 total, const QString& name) = 0;
 };
 

@@ -33,7 +33,7 @@ OptionsDialog::OptionsDialog(const DocumentContext& context, QWidget* parent)
     buttons->button(QDialogButtonBox::Ok)->setObjectName(u"cmdOK"_s);
     buttons->button(QDialogButtonBox::Cancel)->setObjectName(u"cmdCancel"_s);
     buttons->button(QDialogButtonBox::Cancel)->setText(u"Annulla"_s);
-    connect(buttons, &QDialogButtonBox::accepted, this, &OptionsDialog::Accept);
+    connect(buttons, &QDialogButtonBox::accepted, this, &OptionsDialog::Store);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
 
     auto* layout = new QVBoxLayout(this);
@@ -85,7 +85,7 @@ bool OptionsDialog::Usable(const QLineEdit* field)
     return false;
 }
 
-void OptionsDialog::Accept()
+void OptionsDialog::Store()
 {
     Define& define = m_context.define;
     if (!Usable(m_openSave) || !Usable(m_backup))

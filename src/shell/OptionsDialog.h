@@ -21,7 +21,7 @@ private:
                          const QString& caption, const QString& browseTitle, const QString& folder);
     void Browse(QLineEdit* field, const QString& title, const QString& initial);
     bool Usable(const QLineEdit* field);
-    void Accept();
+    void Store();
 
     DocumentContext m_context;
     QLineEdit* m_openSave;

@@ -79,7 +79,7 @@ std::optional<qsizetype> FindKey(const QList<QByteArray>& lines, const Section& 
     for (qsizetype i = section.first; i < section.end; ++i) {
         const QByteArray text = Trimmed(lines[i]);
         const qsizetype equals = text.indexOf('=');
-        if (equals > 0 && !text.startsWith(';') && !text.startsWith('#') && Same(text.first(equals), key))
+        if (equals > 0 && Same(text.first(equals), key)) // a commented key has another name
             return i;
     }
     return std::nullopt;

@@ -163,7 +163,10 @@ private Q_SLOTS:
         QVERIFY(file.setFileTime(changed, QFileDevice::FileModificationTime));
         const QString copy = m_folder->filePath(u"copy.LIM"_s);
         qint64 told = 0;
-        CopySafeFile(m_file, copy, [&](qint64 copied) { told = copied; });
+        CopySafeFile(m_file, copy, [&](qint64 copied) {
+            told = copied;
+            return true;
+        });
         QCOMPARE(BytesOf(copy), bytes);
         QCOMPARE(QFileInfo(copy).lastModified(), changed);
         QCOMPARE(told, bytes.size());
