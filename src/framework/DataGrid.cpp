@@ -1,5 +1,6 @@
 #include "framework/DataGrid.h"
 
+#include "framework/TabText.h"
 #include "stats/RuntimeFailure.h"
 
 #include <algorithm>
@@ -42,16 +43,9 @@ bool DataGrid::Holds(int row, int col) const
     return row >= 0 && row < Rows() && col >= 0 && col < Cols();
 }
 
-double& DataGrid::Cell(int row, int col)
+std::size_t DataGrid::Place(int row, int col) const
 {
-    return m_cells[static_cast<std::size_t>(row) * static_cast<std::size_t>(Cols()) +
-                   static_cast<std::size_t>(col)];
-}
-
-double DataGrid::Cell(int row, int col) const
-{
-    return m_cells[static_cast<std::size_t>(row) * static_cast<std::size_t>(Cols()) +
-                   static_cast<std::size_t>(col)];
+    return static_cast<std::size_t>(row) * static_cast<std::size_t>(Cols()) + static_cast<std::size_t>(col);
 }
 
 void DataGrid::SetSize(int rows, int cols)
@@ -64,12 +58,18 @@ void DataGrid::SetSize(int rows, int cols)
         return;
     const Redraw redraw(*this);
     const auto newCols = static_cast<std::size_t>(cols);
-    std::vector<double> cells(static_cast<std::size_t>(rows) * newCols, kEmpty);
+    const std::size_t count = static_cast<std::size_t>(rows) * newCols;
+    std::vector<double> cells(count, kEmpty);
+    std::vector<bool> locked(count);
     for (int row = 0; row < std::min(rows, m_rows); ++row) {
-        for (int col = 0; col < std::min(cols, Cols()); ++col)
-            cells[static_cast<std::size_t>(row) * newCols + static_cast<std::size_t>(col)] = Cell(row, col);
+        for (int col = 0; col < std::min(cols, Cols()); ++col) {
+            const std::size_t place = static_cast<std::size_t>(row) * newCols + static_cast<std::size_t>(col);
+            cells[place] = m_cells[Place(row, col)];
+            locked[place] = m_locked[Place(row, col)];
+        }
     }
     m_cells = std::move(cells);
+    m_locked = std::move(locked);
     m_columnHeaders.resize(cols);
     m_rows = rows;
 }
@@ -90,14 +90,14 @@ QString DataGrid::LargestText() const
 
 std::optional<double> DataGrid::Value(int row, int col) const
 {
-    const double value = Holds(row, col) ? Cell(row, col) : kEmpty;
+    const double value = Holds(row, col) ? m_cells[Place(row, col)] : kEmpty;
     return std::isnan(value) ? std::nullopt : std::optional(value);
 }
 
 void DataGrid::SetValue(int row, int col, std::optional<double> value)
 {
-    Cell(row, col) = value.value_or(kEmpty);
-    TellViews(row, col);
+    m_cells[Place(row, col)] = value.value_or(kEmpty);
+    TellViews({.row = row, .col = col});
 }
 
 QString DataGrid::Text(int row, int col) const
@@ -124,6 +124,7 @@ void DataGrid::Clear()
 {
     const Redraw redraw(*this);
     std::ranges::fill(m_cells, kEmpty);
+    m_history.Clear();
 }
 
 void DataGrid::FillEmptyWithZero()
@@ -140,34 +141,188 @@ void DataGrid::SetColumnHeader(int col, const QString& text)
         Q_EMIT headerDataChanged(Qt::Horizontal, col, col);
 }
 
+bool DataGrid::IsLocked(int row, int col) const
+{
+    return m_locked[Place(row, col)];
+}
+
+void DataGrid::SetLocked(int row, int col, bool locked)
+{
+    m_locked[Place(row, col)] = locked;
+    TellViews({.row = row, .col = col});
+}
+
+void DataGrid::UnlockAll()
+{
+    const Redraw redraw(*this);
+    std::fill(m_locked.begin(), m_locked.end(), false);
+}
+
 bool DataGrid::Accepts(const QString& text) const
 {
-    if (text.trimmed().isEmpty())
-        return true;
+    return text.trimmed().isEmpty() || Number(text).has_value();
+}
+
+/// The number that a text stands for, where it is one within the limits.
+std::optional<double> DataGrid::Number(const QString& text) const
+{
     const auto value = TypedNumber(text);
-    return value && *value >= 0 && *value <= m_largest;
+    return value && *value >= 0 && *value <= m_largest ? value : std::nullopt;
+}
+
+/// Notes a cell's change, where it is one.
+void DataGrid::Add(GridAction& action, const DataGrid& grid, int row, int col, std::optional<double> value)
+{
+    const auto before = grid.Value(row, col);
+    if (before != value && !grid.IsLocked(row, col))
+        action.push_back({.row = row, .col = col, .before = before, .after = value});
+}
+
+void DataGrid::Change(GridAction action)
+{
+    if (action.empty())
+        return;
+    Apply(&action, &CellChange::after);
+    m_history.Add(std::move(action));
+}
+
+/// Gives the cells of an action their values of before or after. Cells that the grid has lost since are
+/// passed over.
+std::optional<GridBlock> DataGrid::Apply(const GridAction* action, std::optional<double> CellChange::*side)
+{
+    if (action == nullptr)
+        return std::nullopt;
+    int top = m_rows;
+    int left = Cols();
+    int bottom = -1;
+    int right = -1;
+    for (const CellChange& change : *action) {
+        if (!Holds(change.row, change.col) || IsLocked(change.row, change.col))
+            continue;
+        m_cells[Place(change.row, change.col)] = (change.*side).value_or(kEmpty);
+        top = std::min(top, change.row);
+        left = std::min(left, change.col);
+        bottom = std::max(bottom, change.row);
+        right = std::max(right, change.col);
+    }
+    if (bottom < 0)
+        return std::nullopt;
+    const GridBlock block{.row = top, .col = left, .rows = bottom - top + 1, .cols = right - left + 1};
+    m_changeMade = true;
+    TellViews(block);
+    Q_EMIT Edited(block);
+    return block;
+}
+
+std::optional<GridBlock> DataGrid::Undo()
+{
+    return Apply(m_history.Undo(), &CellChange::before);
+}
+
+std::optional<GridBlock> DataGrid::Redo()
+{
+    return Apply(m_history.Redo(), &CellChange::after);
 }
 
 bool DataGrid::TypeText(int row, int col, const QString& text)
 {
-    if (!Holds(row, col))
+    if (!Holds(row, col) || IsLocked(row, col))
         return false;
     if (text == Text(row, col)) // left as it was shown: digits that the text doesn't show stay
         return true;
     if (!Accepts(text))
         return false;
-    SetValue(row, col, TypedNumber(text));
-    m_changeMade = true;
-    Q_EMIT Edited(row, col);
+    GridAction action;
+    Add(action, *this, row, col, Number(text));
+    Change(std::move(action));
     return true;
 }
 
-void DataGrid::TellViews(int row, int col)
+void DataGrid::ClearBlock(const GridBlock& block)
 {
-    if (m_redrawOff > 0)
-        return;
-    const QModelIndex changed = index(row, col);
-    Q_EMIT dataChanged(changed, changed);
+    GridAction action;
+    for (int row = block.row; row < block.row + block.rows; ++row) {
+        for (int col = block.col; col < block.col + block.cols; ++col)
+            Add(action, *this, row, col, std::nullopt);
+    }
+    Change(std::move(action));
+}
+
+QString DataGrid::BlockText(const GridBlock& block) const
+{
+    QList<QStringList> rows;
+    for (int row = block.row; row < block.row + block.rows; ++row) {
+        QStringList cells;
+        for (int col = block.col; col < block.col + block.cols; ++col)
+            cells.append(Text(row, col));
+        rows.append(cells);
+    }
+    return MakeTabText(rows);
+}
+
+PasteCount DataGrid::PasteText(int row, int col, const QString& text)
+{
+    PasteCount count;
+    GridAction action;
+    int at = row;
+    for (const QStringList& cells : ParseTabText(text)) {
+        int to = col;
+        for (const QString& cell : cells) {
+            if (!Holds(at, to)) {
+                ++count.outside;
+            } else if (IsLocked(at, to) || !Accepts(cell)) {
+                ++count.refused;
+            } else {
+                ++count.taken;
+                Add(action, *this, at, to, Number(cell));
+            }
+            ++to;
+        }
+        ++at;
+    }
+    Change(std::move(action));
+    return count;
+}
+
+bool DataGrid::Overwrites(const GridBlock& from, int row, int col) const
+{
+    const auto inside = [&](int r, int c) {
+        return r >= from.row && r < from.row + from.rows && c >= from.col && c < from.col + from.cols;
+    };
+    for (int r = row; r < row + from.rows; ++r) {
+        for (int c = col; c < col + from.cols; ++c) {
+            if (!inside(r, c) && Value(r, c))
+                return true;
+        }
+    }
+    return false;
+}
+
+void DataGrid::MoveBlock(const GridBlock& from, int row, int col, bool copy)
+{
+    const auto arrives = [&](int r, int c) {
+        return r >= row && r < row + from.rows && c >= col && c < col + from.cols;
+    };
+    GridAction action;
+    for (int r = 0; r < from.rows; ++r) {
+        for (int c = 0; c < from.cols; ++c) {
+            const int sourceRow = from.row + r;
+            const int sourceCol = from.col + c;
+            if (!Holds(row + r, col + c) || IsLocked(row + r, col + c))
+                continue; // nowhere to go: the number stays where it is
+            Add(action, *this, row + r, col + c, Value(sourceRow, sourceCol));
+            if (!copy && !arrives(sourceRow, sourceCol))
+                Add(action, *this, sourceRow, sourceCol, std::nullopt);
+        }
+    }
+    Change(std::move(action));
+}
+
+void DataGrid::TellViews(const GridBlock& block)
+{
+    if (m_redrawOff == 0)
+        Q_EMIT dataChanged(index(block.row, block.col),
+                           index(block.row + block.rows - 1, block.col + block.cols - 1));
 }
 
 int DataGrid::rowCount(const QModelIndex& parent) const
@@ -211,7 +366,8 @@ QVariant DataGrid::headerData(int section, Qt::Orientation orientation, int role
 Qt::ItemFlags DataGrid::flags(const QModelIndex& index) const
 {
     const Qt::ItemFlags base = QAbstractTableModel::flags(index);
-    return index.isValid() ? base | Qt::ItemIsEditable : base;
+    const bool editable = index.isValid() && !IsLocked(index.row(), index.column());
+    return editable ? base | Qt::ItemIsEditable : base;
 }
 
 bool DataGrid::setData(const QModelIndex& index, const QVariant& value, int role)

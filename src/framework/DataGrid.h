@@ -1,6 +1,7 @@
 // The grid of measured values: the model behind every data grid, without a view.
 #pragma once
 
+#include "framework/GridHistory.h"
 #include "framework/NumberFormat.h"
 
 #include <QAbstractTableModel>
@@ -8,6 +9,23 @@
 
 #include <optional>
 #include <vector>
+
+/// A rectangle of cells; the first row and column are 0.
+struct GridBlock {
+    int row = 0;
+    int col = 0;
+    int rows = 1;
+    int cols = 1;
+    friend bool operator==(const GridBlock&, const GridBlock&) = default;
+};
+
+/// How many cells of a paste were taken, refused by their cells, and lay outside the grid.
+struct PasteCount {
+    int taken = 0;
+    int refused = 0;
+    int outside = 0;
+    friend bool operator==(const PasteCount&, const PasteCount&) = default;
+};
 
 /// Rows by columns of cells, each holding a number or nothing, indexed from 0. A cell's text is its number at
 /// the grid's decimals; calculations that read text see the rounded number. What the user types must lie
@@ -46,7 +64,7 @@ public:
     /// for one outside the grid.
     double TextNumber(int row, int col) const;
 
-    /// Empties all cells.
+    /// Empties all cells, and forgets what the user did to them.
     void Clear();
     /// Puts 0 into every empty cell.
     void FillEmptyWithZero();
@@ -59,9 +77,31 @@ public:
 
     /// Whether a typed text is empty or a number within the limits.
     bool Accepts(const QString& text) const;
-    /// What the user typed into a cell: an empty text empties it. False, and the cell as it was, for a text
-    /// that is no number or a number beyond the limits.
+    // What the user does. Each is one step of the history, marks the grid as changed and is told by Edited;
+    // locked cells stay as they are.
+
+    /// A text typed into a cell: an empty one empties it. False, and the cell as it was, when it is not
+    /// accepted.
     bool TypeText(int row, int col, const QString& text);
+    void ClearBlock(const GridBlock& block);
+    /// The cells' texts, as MakeTabText puts them.
+    QString BlockText(const GridBlock& block) const;
+    /// Fills the cells from this one on, to the right and down, as far as the grid goes. Cells keep what they
+    /// had where the text for them is not accepted; an empty text empties its cell.
+    PasteCount PasteText(int row, int col, const QString& text);
+    /// Whether a cell holds a number in the place where a block would go, its own cells apart.
+    bool Overwrites(const GridBlock& from, int row, int col) const;
+    /// Puts the numbers of a block to another place; where it is no copy, the cells that they leave become
+    /// empty.
+    void MoveBlock(const GridBlock& from, int row, int col, bool copy);
+    /// The block that was changed back, or again; nothing when there is nothing to do.
+    std::optional<GridBlock> Undo();
+    std::optional<GridBlock> Redo();
+
+    /// Cells that the user can't change.
+    bool IsLocked(int row, int col) const;
+    void SetLocked(int row, int col, bool locked);
+    void UnlockAll();
 
     /// While it lives, the views are told nothing; at its end they take the grid anew.
     class Redraw
@@ -83,15 +123,18 @@ public:
     bool setData(const QModelIndex& index, const QVariant& value, int role = Qt::EditRole) override;
 
 Q_SIGNALS:
-    /// The user changed a cell.
-    void Edited(int row, int col);
+    /// The user changed cells, all of them inside this block.
+    void Edited(const GridBlock& block);
     void DigitsChanged();
 
 private:
     bool Holds(int row, int col) const;
-    double& Cell(int row, int col);
-    double Cell(int row, int col) const;
-    void TellViews(int row, int col);
+    std::size_t Place(int row, int col) const;
+    void TellViews(const GridBlock& block);
+    std::optional<double> Number(const QString& text) const;
+    static void Add(GridAction& action, const DataGrid& grid, int row, int col, std::optional<double> value);
+    void Change(GridAction action);
+    std::optional<GridBlock> Apply(const GridAction* action, std::optional<double> CellChange::*side);
 
     int m_rows = 0;
     std::vector<double> m_cells; ///< row by row; an empty cell is NaN
@@ -100,5 +143,7 @@ private:
     double m_largest = 9;
     QString m_decSep;
     bool m_changeMade = false;
+    std::vector<bool> m_locked; ///< row by row
+    GridHistory m_history;
     int m_redrawOff = 0;
 };

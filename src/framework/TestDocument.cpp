@@ -118,6 +118,13 @@ void TestDocument::SetGridNumFormat(Digits digits)
     m_grid.SetDigits(digits);
 }
 
+void TestDocument::ChooseDigits(Digits digits)
+{
+    BuildNumberFormat(digits);
+    SetGridNumFormat(digits);
+    Q_EMIT Changed();
+}
+
 void TestDocument::ResetDocument()
 {
     m_title = m_info.TitleNoFile();

@@ -87,6 +87,9 @@ public:
 
     /// The format with which values are written to the data file.
     const QString& NumberFormat() const { return m_numberFormat; }
+    /// The user chose other digits: they hold for the grid, its file and the results from now on. Nothing
+    /// counts as changed by that.
+    void ChooseDigits(Digits digits);
     /// "Formato numeri: Interi 3  Decimali 3", as the panel StatusBar shows it.
     QString FormatText() const;
 

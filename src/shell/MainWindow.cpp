@@ -9,6 +9,8 @@
 #include <QCloseEvent>
 #include <QMenuBar>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace
@@ -171,6 +173,15 @@ TestWindow* MainWindow::OpenTest(QStringView key) const
             return test;
     }
     return nullptr;
+}
+
+bool MainWindow::FormIsOpen(QAnyStringView windowClass) const
+{
+    // A window that is closing is hidden, and still in the list.
+    return std::ranges::any_of(m_area->subWindowList(), [&](const QMdiSubWindow* window) {
+        return !window->isHidden() && window->widget() != nullptr &&
+               windowClass == window->widget()->objectName();
+    });
 }
 
 void MainWindow::Activate(QMdiSubWindow* window)

@@ -19,6 +19,7 @@ public:
 
     bool HasTest(QStringView key) const override;
     void ShowTest(QStringView key) override;
+    bool FormIsOpen(QAnyStringView windowClass) const override;
     void Arrange(Arrangement arrangement) override;
     void EndProgram() override { close(); }
 

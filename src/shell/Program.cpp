@@ -3,8 +3,10 @@
 #include "shell/StartUp.h"
 
 #include <QApplication>
+#include <QIcon>
 #include <QLibraryInfo>
 #include <QSettings>
+#include <QTimer>
 
 using namespace Qt::StringLiterals;
 
@@ -39,5 +41,8 @@ bool Program::Start()
     m_messages.SetParent(m_window.get());
     m_window->restoreGeometry(QSettings().value(kFramePlace).toByteArray());
     m_window->show();
+    // The picture needs a decoder, which the frame need not wait for.
+    QTimer::singleShot(0, m_window.get(),
+                       [this] { m_window->setWindowIcon(QIcon(u":/toolbar/Program.svg"_s)); });
     return true;
 }

@@ -3,6 +3,7 @@
 #include "Compare.h"
 #include "TestPlace.h"
 
+#include <QClipboard>
 #include <QDir>
 #include <QMdiSubWindow>
 #include <QMenuBar>
@@ -83,6 +84,22 @@ private Q_SLOTS:
         sub->move(50, 50);
         m_window->Arrange(Arrangement::Icons);
         QCOMPARE(sub->geometry().bottomLeft(), area->viewport()->rect().bottomLeft());
+    }
+
+    void ShortcutsOfTheActiveTest()
+    {
+        m_window->ShowTest(u"LIMI");
+        auto* field = m_window->findChild<QLineEdit*>(u"aInputData0"_s);
+        field->setFocus();
+        QTest::keyClicks(field, u"HPLC"_s);
+        QApplication::clipboard()->setText(u"before"_s);
+        field->selectAll();
+        QTest::keyClick(field, Qt::Key_X, Qt::ControlModifier); // clears: the field's own cut is not asked
+        QCOMPARE(field->text(), QString());
+        QCOMPARE(QApplication::clipboard()->text(), u"before"_s);
+        QTest::keyClick(field, Qt::Key_Insert, Qt::ShiftModifier);
+        QCOMPARE(m_window->OpenTest(u"LIMI")->Document().InputData(0), u"before"_s);
+        m_window->OpenTest(u"LIMI")->Document().ClearFlags();
     }
 
     void BackupAtClosing()

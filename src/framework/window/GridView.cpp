@@ -1,8 +1,11 @@
 #include "framework/window/GridView.h"
 
+#include "framework/window/BlockDrag.h"
 #include "framework/window/CellEditor.h"
 
-#include <QApplication>
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QGuiApplication>
 #include <QHeaderView>
 #include <QKeyEvent>
 
@@ -15,6 +18,8 @@ constexpr double kMoreCharacters = 0.5;
 constexpr int kCellMargins = 12;
 constexpr int kWidestColumn = 2000;
 constexpr int kRowsShown = 12;
+/// Points above and below a header's text.
+constexpr int kHeaderMargins = 6;
 } // namespace
 
 GridView::GridView(DataGrid& grid, const QString& name, const QString& caption, QWidget* parent)
@@ -25,15 +30,45 @@ GridView::GridView(DataGrid& grid, const QString& name, const QString& caption, 
     setModel(&grid);
     setItemDelegate(m_editor);
     setEditTriggers(DoubleClicked | EditKeyPressed | AnyKeyPressed);
+    setSelectionMode(ContiguousSelection);
     setTabKeyNavigation(true); // so that Tab comes here as a key
     setHorizontalScrollMode(ScrollPerPixel);
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 8);
+    verticalHeader()->setDefaultAlignment(Qt::AlignRight | Qt::AlignVCenter);
     horizontalHeader()->setHighlightSections(false);
-    setSizeAdjustPolicy(AdjustToContentsOnFirstShow);
+    horizontalHeader()->setFixedHeight(fontMetrics().height() + kHeaderMargins);
     connect(&grid, &DataGrid::DigitsChanged, this, &GridView::FitColumns);
     connect(&grid, &DataGrid::modelReset, this, &GridView::FitColumns);
+    connect(horizontalHeader(), &QHeaderView::sectionDoubleClicked, this, &GridView::HeaderDoubleClicked);
+    connect(new BlockDrag(this), &BlockDrag::Dropped, this, &GridView::Dropped);
     FitColumns();
+}
+
+void GridView::SetCorner(const QString& text)
+{
+    if (m_corner == nullptr) {
+        m_corner = new QLabel(this);
+        m_corner->setAlignment(Qt::AlignCenter);
+        m_corner->setAttribute(Qt::WA_TransparentForMouseEvents); // the corner selects all
+    }
+    m_corner->setText(text);
+    // Wide enough for the corner's text.
+    verticalHeader()->setMinimumWidth(m_corner->sizeHint().width() + kCellMargins);
+    PlaceCorner();
+}
+
+void GridView::PlaceCorner()
+{
+    if (m_corner != nullptr)
+        m_corner->setGeometry(frameWidth(), frameWidth(), verticalHeader()->width(),
+                              horizontalHeader()->height());
+}
+
+void GridView::resizeEvent(QResizeEvent* event)
+{
+    QTableView::resizeEvent(event);
+    PlaceCorner();
 }
 
 void GridView::FitColumns()
@@ -45,6 +80,7 @@ void GridView::FitColumns()
                                    horizontalHeader()->sectionSizeHint(col));
         setColumnWidth(col, width);
     }
+    PlaceCorner();
 }
 
 QSize GridView::viewportSizeHint() const
@@ -55,9 +91,9 @@ QSize GridView::viewportSizeHint() const
 QSize GridView::sizeHint() const
 {
     const int frame = 2 * frameWidth();
-    const int width = verticalHeader()->sizeHint().width() + horizontalHeader()->length() +
-                      style()->pixelMetric(QStyle::PM_ScrollBarExtent) + frame;
-    return {width, horizontalHeader()->sizeHint().height() + viewportSizeHint().height() + frame};
+    const int width = std::max(verticalHeader()->sizeHint().width(), verticalHeader()->minimumWidth()) +
+                      horizontalHeader()->length() + style()->pixelMetric(QStyle::PM_ScrollBarExtent) + frame;
+    return {width, horizontalHeader()->height() + viewportSizeHint().height() + frame};
 }
 
 void GridView::changeEvent(QEvent* event)
@@ -65,6 +101,44 @@ void GridView::changeEvent(QEvent* event)
     QTableView::changeEvent(event);
     if (event->type() == QEvent::FontChange)
         FitColumns();
+}
+
+std::optional<GridBlock> GridView::Block() const
+{
+    const QItemSelection selection = selectionModel()->selection();
+    if (!selection.isEmpty()) {
+        const QItemSelectionRange& range = selection.constFirst();
+        return GridBlock{
+            .row = range.top(), .col = range.left(), .rows = range.height(), .cols = range.width()};
+    }
+    const QModelIndex at = currentIndex();
+    return at.isValid() ? std::optional(GridBlock{.row = at.row(), .col = at.column()}) : std::nullopt;
+}
+
+void GridView::SelectBlock(const GridBlock& block)
+{
+    const QModelIndex first = m_grid.index(block.row, block.col);
+    setCurrentIndex(first);
+    const QModelIndex last = m_grid.index(block.row + block.rows - 1, block.col + block.cols - 1);
+    selectionModel()->select(QItemSelection(first, last), QItemSelectionModel::ClearAndSelect);
+}
+
+void GridView::ClearSelected()
+{
+    if (const auto block = Block())
+        m_grid.ClearBlock(*block);
+}
+
+QString GridView::SelectedText() const
+{
+    const auto block = Block();
+    return block ? m_grid.BlockText(*block) : QString();
+}
+
+void GridView::PasteText(const QString& text)
+{
+    if (const auto block = Block())
+        Q_EMIT Pasted(m_grid.PasteText(block->row, block->col, text));
 }
 
 void GridView::Advance(bool forward)
@@ -92,16 +166,32 @@ bool GridView::CommitEditor()
     return m_editor->Commit();
 }
 
-void GridView::ClearSelected()
+/// The keys that work without a menu item: the clipboard's, taking back and doing again, and the way out of
+/// the grid, where Tab walks on.
+bool GridView::RunShortcut(QKeyEvent* event)
 {
-    const QModelIndexList selected = selectedIndexes();
-    for (const QModelIndex& index : selected)
-        m_grid.TypeText(index.row(), index.column(), QString());
+    std::optional<GridBlock> changed;
+    if (event->matches(QKeySequence::Copy))
+        QGuiApplication::clipboard()->setText(SelectedText());
+    else if (event->matches(QKeySequence::Paste))
+        PasteText(QGuiApplication::clipboard()->text());
+    else if (event->matches(QKeySequence::Undo))
+        changed = m_grid.Undo();
+    else if (event->matches(QKeySequence::Redo) || event->keyCombination() == (Qt::CTRL | Qt::Key_Y))
+        changed = m_grid.Redo();
+    else if (event->key() == Qt::Key_F6)
+        QWidget::focusNextPrevChild(!event->modifiers().testFlag(Qt::ShiftModifier));
+    else
+        return false;
+    if (changed)
+        SelectBlock(*changed);
+    return true;
 }
 
 void GridView::keyPressEvent(QKeyEvent* event)
 {
-    switch (event->key()) {
+    const bool plain = (event->modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier)) == Qt::NoModifier;
+    switch (plain ? event->key() : 0) {
     case Qt::Key_Return:
     case Qt::Key_Enter:
     case Qt::Key_Tab:
@@ -115,8 +205,25 @@ void GridView::keyPressEvent(QKeyEvent* event)
         ClearSelected();
         break;
     default:
-        QTableView::keyPressEvent(event);
-        return;
+        if (!RunShortcut(event)) {
+            QTableView::keyPressEvent(event);
+            return;
+        }
     }
     event->accept();
+}
+
+void GridView::mousePressEvent(QMouseEvent* event)
+{
+    // The right button shows the menu and leaves caret and selection alone.
+    if (event->button() != Qt::RightButton)
+        QTableView::mousePressEvent(event);
+}
+
+void GridView::contextMenuEvent(QContextMenuEvent* event)
+{
+    if (m_popup == nullptr)
+        return;
+    setFocus(Qt::MouseFocusReason); // the menu's commands act on the control that has the focus
+    m_popup->popup(event->globalPos());
 }

@@ -1,8 +1,10 @@
-// The grid of measured values on screen: typing, and the caret's way down the columns.
+// The grid of measured values on screen: typing, the caret's way down the columns, blocks.
 #pragma once
 
 #include "framework/DataGrid.h"
 
+#include <QLabel>
+#include <QMenu>
 #include <QTableView>
 
 class CellEditor;
@@ -15,12 +17,27 @@ public:
     /// name: objectName. caption: what a screen reader says. The grid outlives the view.
     GridView(DataGrid& grid, const QString& name, const QString& caption, QWidget* parent = nullptr);
 
+    /// The text of the cell where the headers meet.
+    void SetCorner(const QString& text);
+    /// What a right click shows; owned by somebody else.
+    void SetPopup(QMenu* menu) { m_popup = menu; }
+
+    /// The selected block, or the cell of the caret; nothing in an empty grid.
+    std::optional<GridBlock> Block() const;
+    /// Selects a block, with the caret in its first cell.
+    void SelectBlock(const GridBlock& block);
+
+    // What the edit commands do with the selected block. Each asks nobody.
+    void ClearSelected();
+    QString SelectedText() const;
+    /// From the first cell of the selected block on; tells of it by Pasted.
+    void PasteText(const QString& text);
+
     /// The caret goes to the next cell of the column, down or up, and at its end to the next column.
     void Advance(bool forward);
     /// From the end of a column on: forward to the top of the next one, backward to the bottom of the one
     /// before; at the last and the first the caret stays.
     void NextCell(bool advanceNext);
-
     /// Takes over what is being typed, before a command runs. False when the cell refuses it: the field stays
     /// open then.
     [[nodiscard]] bool CommitEditor();
@@ -30,16 +47,27 @@ public:
 Q_SIGNALS:
     /// A typed text was refused; the cell is as it was.
     void Refused(const QString& text);
+    void Pasted(const PasteCount& count);
+    /// A block was dropped on another place.
+    void Dropped(const GridBlock& from, int row, int col);
+    void HeaderDoubleClicked(int col);
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
     void changeEvent(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void keyboardSearch(const QString& /*search*/) override {} // letters are no way around a grid of numbers
     QSize viewportSizeHint() const override;
 
 private:
+    bool RunShortcut(QKeyEvent* event);
     void FitColumns();
-    void ClearSelected();
+    void PlaceCorner();
 
     DataGrid& m_grid;
     CellEditor* m_editor;
+    QMenu* m_popup = nullptr;
+    QLabel* m_corner = nullptr;
 };

@@ -212,6 +212,7 @@ void BuildToolbar(QToolBar* toolbar, const TestInfo& info, const HandlerOf& hand
             continue;
         QAction* action = toolbar->addAction(button.toolTip);
         action->setObjectName(button.key);
+        action->setIcon(QIcon(u":/toolbar/%1.svg"_s.arg(button.key)));
         action->setToolTip(button.toolTip);
         action->setStatusTip(button.toolTip);
         ConnectAction(action, toolbar, handlerOf);

@@ -1,12 +1,16 @@
 #include "framework/window/TestWindow.h"
 
+#include "framework/window/EditCommands.h"
+#include "framework/window/Forms.h"
+#include "framework/window/Furnishings.h"
+#include "framework/window/NumberFormatDialog.h"
 #include "framework/window/TestMenus.h"
 
 #include <QAbstractButton>
+#include <QClipboard>
 #include <QCloseEvent>
-#include <QFormLayout>
-#include <QHBoxLayout>
-#include <QRegularExpressionValidator>
+#include <QGuiApplication>
+#include <QScrollArea>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -15,42 +19,36 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-
-/// Sets a text without moving the caret of a field that shows it already.
-void ShowText(QLineEdit* edit, const QString& text)
-{
-    if (edit->text() != text)
-        edit->setText(text);
-}
-
-QLabel* Panel(const QString& name, QWidget* parent)
-{
-    auto* panel = new QLabel(parent);
-    panel->setObjectName(name);
-    panel->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
-    panel->setMinimumWidth(1);
-    return panel;
-}
-
+constexpr int kPanelCharacters = 145;
 } // namespace
 
 TestWindow::TestWindow(std::unique_ptr<TestDocument> document, Frame& frame)
-    : m_document(std::move(document)), m_frame(frame)
+    : m_document(std::move(document)),
+      m_frame(frame),
+      m_fields(new WindowFields(
+          *m_document, [this](const auto& event) { Run(event); }, this)),
+      m_descriptions(new Descriptions(this)),
+      m_toolbar(new QToolBar),
+      m_tabs(new QTabWidget),
+      m_panels(new StatusPanels(m_document->Info(), frame))
 {
     setObjectName(m_document->Info().windowClass);
     setAttribute(Qt::WA_DeleteOnClose);
+    setWindowIcon(QIcon(u":/toolbar/Program.svg"_s));
+    FurnishPalette(this);
     const auto handlerOf = [this](const QString& name) { return HandlerOf(name); };
     m_menus = BuildMenus(this, m_document->Info(), handlerOf);
-    m_toolbar = new QToolBar(this);
     m_toolbar->setObjectName(u"Toolbar1"_s);
     BuildToolbar(m_toolbar, m_document->Info(), handlerOf);
-    m_tabs = new QTabWidget(this);
     m_tabs->setObjectName(u"SSTab1"_s);
+    m_descriptions->Describe(m_tabs, {});
 
     auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(6, 4, 6, 2);
+    layout->setSpacing(4);
     layout->addWidget(m_toolbar);
     layout->addWidget(m_tabs, 1);
-    BuildStatusPanels();
+    layout->addWidget(m_panels);
 
     connect(m_document.get(), &TestDocument::Changed, this, &TestWindow::Refresh);
     connect(m_document.get(), &TestDocument::Calculated, this, &TestWindow::CaptionToToolTip);
@@ -60,8 +58,13 @@ TestWindow::TestWindow(std::unique_ptr<TestDocument> document, Frame& frame)
         else
             unsetCursor();
     });
-    connect(&m_document->Grid(), &DataGrid::Edited, this, [this] { SetTools(true); });
-    connect(&m_document->Grid(), &DataGrid::DigitsChanged, this, &TestWindow::Refresh);
+    connect(m_panels, &StatusPanels::StatusDoubleClicked, this,
+            [this] { RunCommand([this] { StrumentiSetup(); }); });
+    connect(m_descriptions, &Descriptions::Hovered, this, &TestWindow::Describe);
+    connect(Menu("Modifica"_L1), &QMenu::aboutToShow, this, [this] {
+        const bool any = !QGuiApplication::clipboard()->text().isEmpty();
+        findChild<QAction*>(u"ModificaIncolla"_s)->setEnabled(any);
+    });
     SetTools(false);
 }
 
@@ -69,12 +72,28 @@ std::function<void()> TestWindow::HandlerOf(const QString& name)
 {
     using Routine = void (TestWindow::*)();
     static const QHash<QString, Routine> kRoutines = {
-        {u"FileNuovo"_s, &TestWindow::FileNuovo},   {u"FileApri"_s, &TestWindow::FileApri},
-        {u"FileSalva"_s, &TestWindow::FileSalva},   {u"FileSalvaNome"_s, &TestWindow::FileSalvaNome},
-        {u"FileChiudi"_s, &TestWindow::FileChiudi}, {u"StrumentiCalcola"_s, &TestWindow::StrumentiCalcola},
-        {u"New"_s, &TestWindow::FileNuovo},         {u"Open"_s, &TestWindow::FileApri},
-        {u"Save"_s, &TestWindow::FileSalva},        {u"Sum"_s, &TestWindow::ToolbarSum},
+        {u"FileNuovo"_s, &TestWindow::FileNuovo},
+        {u"FileApri"_s, &TestWindow::FileApri},
+        {u"FileSalva"_s, &TestWindow::FileSalva},
+        {u"FileSalvaNome"_s, &TestWindow::FileSalvaNome},
+        {u"FileChiudi"_s, &TestWindow::FileChiudi},
+        {u"StrumentiCalcola"_s, &TestWindow::StrumentiCalcola},
+        {u"StrumentiSetup"_s, &TestWindow::StrumentiSetup},
+        {u"New"_s, &TestWindow::FileNuovo},
+        {u"Open"_s, &TestWindow::FileApri},
+        {u"Save"_s, &TestWindow::FileSalva},
+        {u"Sum"_s, &TestWindow::ToolbarSum},
         {u"Exit"_s, &TestWindow::FileChiudi},
+    };
+    using Edit = void (*)(QWidget*);
+    static const QHash<QString, Edit> kEdits = {
+        {u"ModificaTaglia"_s, EditCut},
+        {u"ModificaCopia"_s, EditCopy},
+        {u"ModificaIncolla"_s, EditPaste},
+        {u"ModificaCancella"_s, EditClear},
+        {u"Cut"_s, EditCut},
+        {u"Copy"_s, EditCopy},
+        {u"Paste"_s, EditPaste},
     };
     static const QHash<QString, Arrangement> kArrangements = {
         {u"MnuFinestreTile"_s, Arrangement::TileHorizontally},
@@ -84,6 +103,8 @@ std::function<void()> TestWindow::HandlerOf(const QString& name)
     };
     if (const Routine routine = kRoutines.value(name))
         return [this, routine] { RunCommand([this, routine] { (this->*routine)(); }); };
+    if (const Edit edit = kEdits.value(name))
+        return [this, edit] { Run([this, edit] { edit(focusWidget()); }); };
     if (const auto arrangement = kArrangements.find(name); arrangement != kArrangements.end())
         return [this, code = *arrangement] { m_frame.Arrange(code); };
     if (name.startsWith("MnuMetod"_L1))
@@ -97,6 +118,11 @@ std::function<void()> TestWindow::HandlerOfMethod(int index)
     if (!m_frame.HasTest(key))
         return {};
     return [this, key] { m_frame.ShowTest(key); };
+}
+
+QMenu* TestWindow::Menu(QLatin1StringView name) const
+{
+    return *std::ranges::find(m_menus, QString(name), &QObject::objectName);
 }
 
 void TestWindow::RunCommand(const std::function<void()>& command)
@@ -129,131 +155,66 @@ void TestWindow::Run(const std::function<void()>& event)
         this, [this] { m_frame.EndProgram(); }, Qt::QueuedConnection);
 }
 
-void TestWindow::BuildStatusPanels()
-{
-    auto* bar = new QWidget(this);
-    bar->setObjectName(u"StatusBar1"_s);
-    auto* row = new QHBoxLayout(bar);
-    row->setContentsMargins(4, 2, 4, 2);
-    m_descrBar = Panel(u"DescrBar"_s, bar);
-    m_statusBar = Panel(u"StatusBar"_s, bar);
-    row->addWidget(m_descrBar, 1);
-    row->addWidget(m_statusBar, 1);
-    layout()->addWidget(bar);
-}
-
-void TestWindow::AddPage(QWidget* page, const QString& caption)
-{
-    m_tabs->addTab(page, caption);
-}
-
-QWidget* TestWindow::HeaderFields()
-{
-    auto* fields = new QWidget;
-    auto* form = new QFormLayout(fields);
-    form->setContentsMargins(0, 0, 0, 0);
-    for (int i = 0; i < m_document->InputCount(); ++i) {
-        auto* edit = new QLineEdit;
-        edit->setObjectName(u"aInputData%1"_s.arg(i));
-        auto* label = FixedLabel(u"LabelInfo%1"_s.arg(i), TestDocument::InputCaption(i));
-        label->setBuddy(edit);
-        form->addRow(label, edit);
-        connect(edit, &QLineEdit::textEdited, this,
-                [this, i](const QString& text) { Run([&] { m_document->TypeInputData(i, text); }); });
-        m_inputs.append(edit);
-    }
-    return fields;
-}
-
-QWidget* TestWindow::ConclusionsFrame(const QString& frameName)
-{
-    QGroupBox* box = FrameBox(frameName, u"Conclusioni"_s);
-    m_conclusions = new QPlainTextEdit;
-    m_conclusions->setObjectName(u"cConcl"_s);
-    m_conclusions->setAccessibleName(u"Conclusioni"_s);
-    m_conclusions->setReadOnly(true);
-    m_conclusions->setTabChangesFocus(true);
-    auto* layout = new QVBoxLayout(box);
-    layout->addWidget(m_conclusions);
-    return box;
-}
-
-QLineEdit* TestWindow::SizeEdit(QLatin1StringView control)
-{
-    static const QRegularExpression kUpToFourDigits(u"[0-9]{0,4}"_s);
-    auto* edit = new QLineEdit;
-    edit->setObjectName(control);
-    edit->setValidator(new QRegularExpressionValidator(kUpToFourDigits, edit));
-    edit->setMaximumWidth(edit->fontMetrics().horizontalAdvance(u"00000000"_s));
-    edit->installEventFilter(this);
-    connect(edit, &QLineEdit::textEdited, this,
-            [this, control](const QString& text) { Run([&] { m_document->TypeSize(control, text); }); });
-    m_sizes.append(edit);
-    return edit;
-}
-
-QLabel* TestWindow::ResultLabel(const ResultField& field)
-{
-    QLabel* label = CaptionLabel(field.control);
-    label->setAccessibleDescription(field.caption);
-    label->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
-    label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    label->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    label->setMinimumWidth(label->fontMetrics().horizontalAdvance(u"0000000.000"_s));
-    return label;
-}
-
-QLabel* TestWindow::CaptionLabel(QLatin1StringView control)
-{
-    QLabel* label = FixedLabel(control, {});
-    m_labels.append(label);
-    return label;
-}
-
-QLabel* TestWindow::FixedLabel(const QString& name, const QString& text)
-{
-    auto* label = new QLabel(text);
-    label->setObjectName(name);
-    label->setTextFormat(Qt::PlainText);
-    return label;
-}
-
-QGroupBox* TestWindow::FrameBox(const QString& name, const QString& title)
-{
-    auto* box = new QGroupBox(title);
-    box->setObjectName(name);
-    return box;
-}
-
 GridView* TestWindow::Grid(DataGrid& grid, const QString& name, const QString& caption)
 {
     auto* view = new GridView(grid, name, caption);
+    view->SetPopup(Menu("Modifica"_L1));
     m_grids.append(view);
+    m_descriptions->Describe(view, m_document->Context().define.DescGrid);
+    connect(&grid, &DataGrid::Edited, this, [this] {
+        SetTools(true);
+        Describe(ReadNotice());
+    });
+    connect(&grid, &DataGrid::DigitsChanged, this, &TestWindow::Refresh);
     connect(view, &GridView::Refused, this, [this, &grid](const QString& text) {
         Describe(u"\"%1\" non è un numero da 0 a %2"_s.arg(text, grid.LargestText()));
     });
-    connect(&grid, &DataGrid::Edited, this, [this] { Describe(ReadNotice()); });
+    connect(view, &GridView::Pasted, this, [this](const PasteCount& count) {
+        Describe(u"Celle incollate: %1, rifiutate: %2, fuori dalla griglia: %3"_s.arg(
+            QString::number(count.taken), QString::number(count.refused), QString::number(count.outside)));
+    });
+    connect(view, &GridView::Dropped, this, [this, view, &grid](const GridBlock& from, int row, int col) {
+        Run([&] { DropBlock(*view, grid, from, row, col, m_document->Context()); });
+    });
     return view;
 }
 
-void TestWindow::RefreshInputs()
+/// The page scrolls where the window is smaller than what stands on it.
+void TestWindow::AddPage(QWidget* page, const QString& caption)
 {
-    for (qsizetype i = 0; i < m_inputs.size(); ++i)
-        ShowText(m_inputs[i], m_document->InputData(static_cast<int>(i)));
-    for (QLineEdit* edit : std::as_const(m_sizes))
-        ShowText(edit, m_document->ControlText(edit->objectName()));
+    auto* area = new QScrollArea;
+    area->setWidget(page);
+    area->setWidgetResizable(true);
+    area->setFrameShape(QFrame::NoFrame);
+    area->setFocusPolicy(Qt::NoFocus);
+    m_tabs->addTab(area, caption);
+}
+
+void TestWindow::Finish()
+{
+    m_tabs->setCurrentIndex(0);
+    m_fields->FocusFirst();
+    m_descriptions->Watch();
+    Refresh();
+}
+
+QSize TestWindow::sizeHint() const
+{
+    QSize pages;
+    for (int i = 0; i < m_tabs->count(); ++i)
+        pages = pages.expandedTo(qobject_cast<QScrollArea*>(m_tabs->widget(i))->widget()->sizeHint());
+    const int around = m_tabs->tabBar()->sizeHint().height() + m_toolbar->sizeHint().height() +
+                       m_panels->sizeHint().height() + 40;
+    // Wide enough for the panels' usual texts, too.
+    const int panels = fontMetrics().averageCharWidth() * kPanelCharacters;
+    return {std::max({pages.width() + 40, m_toolbar->sizeHint().width(), panels}), pages.height() + around};
 }
 
 void TestWindow::Refresh()
 {
     setWindowTitle(m_document->Title());
-    RefreshInputs();
-    for (QLabel* label : std::as_const(m_labels)) {
-        label->setText(m_document->ControlText(label->objectName()));
-        label->setVisible(m_document->ControlVisible(label->objectName()));
-    }
-    m_conclusions->setPlainText(m_document->Conclusions());
-    m_statusBar->setText(m_document->FormatText());
+    m_fields->Refresh();
+    m_panels->SetStatus(m_document->FormatText());
     Describe(ReadNotice());
 }
 
@@ -267,15 +228,18 @@ QString TestWindow::ReadNotice() const
                       : u"File letto in parte: la lettura si è fermata alla riga %1"_s.arg(*stop);
 }
 
+/// Where there is nothing to describe, the notice of a file that was read in part stands.
 void TestWindow::Describe(const QString& text)
 {
-    m_descrBar->setText(text);
+    m_panels->SetDescription(text.isEmpty() ? ReadNotice() : text);
 }
 
 void TestWindow::CaptionToToolTip()
 {
-    for (QLabel* label : findChildren<QLabel*>())
-        label->setToolTip(label->text());
+    for (QLabel* label : findChildren<QLabel*>()) {
+        if (qobject_cast<StatusPanel*>(label) == nullptr)
+            label->setToolTip(label->text());
+    }
     for (QAbstractButton* button : findChildren<QAbstractButton*>()) {
         if (!button->text().isEmpty() && button->parentWidget() != m_toolbar)
             button->setToolTip(button->text());
@@ -293,33 +257,7 @@ void TestWindow::SetTools(bool enabled)
 void TestWindow::Activated()
 {
     SetFileDialog(m_document->Context(), m_document->Info());
-}
-
-bool TestWindow::eventFilter(QObject* object, QEvent* event)
-{
-    auto* edit = qobject_cast<QLineEdit*>(object);
-    if (m_sizes.contains(edit)) {
-        if (event->type() == QEvent::FocusIn) {
-            // The click that brings the focus places the caret after this, so that selecting comes later.
-            QMetaObject::invokeMethod(edit, &QLineEdit::selectAll, Qt::QueuedConnection);
-        } else if (event->type() == QEvent::FocusOut) {
-            const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
-            if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason &&
-                reason != Qt::MenuBarFocusReason)
-                LeaveSizeEdit(edit);
-        }
-    }
-    return QWidget::eventFilter(object, event);
-}
-
-void TestWindow::LeaveSizeEdit(QLineEdit* edit)
-{
-    Run([&] {
-        const QByteArray control = edit->objectName().toLatin1();
-        if (!m_document->LeaveSize(QLatin1StringView(control)))
-            QMetaObject::invokeMethod(
-                edit, [edit] { edit->setFocus(); }, Qt::QueuedConnection);
-    });
+    m_panels->UpdateStatusPanels();
 }
 
 void TestWindow::closeEvent(QCloseEvent* event)
@@ -328,6 +266,12 @@ void TestWindow::closeEvent(QCloseEvent* event)
         event->accept();
     else
         event->ignore();
+}
+
+void TestWindow::paintEvent(QPaintEvent* /*event*/)
+{
+    QPainter painter(this);
+    PaintBands(painter, size());
 }
 
 void TestWindow::FileNuovo()
@@ -370,4 +314,17 @@ void TestWindow::StrumentiCalcola()
 void TestWindow::ToolbarSum()
 {
     m_document->Calc();
+}
+
+void TestWindow::StrumentiSetup()
+{
+    GridView* view = m_grids.front();
+    view->setCurrentIndex(view->model()->index(0, 0));
+    NumberFormatDialog dialog(m_document->Grid(), m_document->Context(), DialogParent(this));
+    dialog.exec();
+    if (dialog.NumberFormat.isEmpty())
+        return;
+    m_document->ChooseDigits({.interi = dialog.NumInteger, .decimali = dialog.NumDecimal});
+    if (findChild<QAction*>(u"Sum"_s)->isEnabled())
+        m_document->Calc();
 }

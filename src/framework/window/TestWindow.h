@@ -3,15 +3,14 @@
 #pragma once
 
 #include "framework/DocumentLife.h"
+#include "framework/window/Descriptions.h"
 #include "framework/window/Frame.h"
 #include "framework/window/GridView.h"
+#include "framework/window/StatusPanels.h"
+#include "framework/window/WindowFields.h"
 
-#include <QGroupBox>
-#include <QLabel>
-#include <QLineEdit>
 #include <QList>
 #include <QMenu>
-#include <QPlainTextEdit>
 #include <QTabWidget>
 #include <QToolBar>
 #include <QWidget>
@@ -29,21 +28,18 @@ public:
     TestDocument& Document() { return *m_document; }
     const QList<QMenu*>& Menus() const { return m_menus; }
     /// The window has become the active one.
-    void Activated();
+    virtual void Activated();
+
+    QSize sizeHint() const override;
 
 protected:
-    /// The pieces that the pages of the tests are made of. Each keeps its place in the window's refresh.
-    QWidget* HeaderFields();
-    QWidget* ConclusionsFrame(const QString& frameName);
-    QLineEdit* SizeEdit(QLatin1StringView control);
-    QLabel* ResultLabel(const ResultField& field);
+    WindowFields& Fields() { return *m_fields; }
+    Descriptions& Texts() { return *m_descriptions; }
+    /// A view of a grid, with the popup of the menu Modifica and the description of grids.
     GridView* Grid(DataGrid& grid, const QString& name, const QString& caption);
-    /// A label whose text the document gives.
-    QLabel* CaptionLabel(QLatin1StringView control);
-    static QLabel* FixedLabel(const QString& name, const QString& text);
-    static QGroupBox* FrameBox(const QString& name, const QString& title);
-
     void AddPage(QWidget* page, const QString& caption);
+    /// The pages stand: shows the document, and the first of them.
+    void Finish();
     /// Shows what the document holds, everywhere.
     virtual void Refresh();
     /// Runs a command of a menu or button, after what is being typed into a grid.
@@ -52,16 +48,14 @@ protected:
     void Run(const std::function<void()>& event);
 
     void closeEvent(QCloseEvent* event) override;
-    bool eventFilter(QObject* object, QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
 
 private:
     std::function<void()> HandlerOf(const QString& name);
     std::function<void()> HandlerOfMethod(int index);
-    void BuildStatusPanels();
+    QMenu* Menu(QLatin1StringView name) const;
     void SetTools(bool enabled);
-    void RefreshInputs();
     bool CommitGrids();
-    void LeaveSizeEdit(QLineEdit* edit);
     void CaptionToToolTip();
     void Describe(const QString& text);
     QString ReadNotice() const;
@@ -72,18 +66,16 @@ private:
     void FileSalvaNome();
     void FileChiudi();
     void StrumentiCalcola();
+    void StrumentiSetup();
     void ToolbarSum();
 
     std::unique_ptr<TestDocument> m_document;
     Frame& m_frame;
+    WindowFields* m_fields;
+    Descriptions* m_descriptions;
     QList<QMenu*> m_menus;
-    QToolBar* m_toolbar = nullptr;
-    QTabWidget* m_tabs = nullptr;
-    QLabel* m_descrBar = nullptr;
-    QLabel* m_statusBar = nullptr;
-    QList<QLineEdit*> m_inputs;
-    QList<QLineEdit*> m_sizes;
+    QToolBar* m_toolbar;
+    QTabWidget* m_tabs;
+    StatusPanels* m_panels;
     QList<GridView*> m_grids;
-    QList<QLabel*> m_labels; ///< result fields, and captions that change
-    QPlainTextEdit* m_conclusions = nullptr;
 };

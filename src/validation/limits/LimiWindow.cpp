@@ -12,15 +12,17 @@ LimiWindow::LimiWindow(std::unique_ptr<LimiDocument> document, Frame& frame)
 {
     AddPage(InfoPage(), u"Info/Conclusioni"_s);
     AddPage(DataPage(), u"Dati"_s);
-    Refresh();
+    Finish();
 }
 
 QWidget* LimiWindow::InfoPage()
 {
     auto* page = new QWidget;
     auto* layout = new QVBoxLayout(page);
-    layout->addWidget(HeaderFields());
-    layout->addWidget(ConclusionsFrame(u"Frame3"_s), 1);
+    layout->addWidget(Fields().HeaderFields(u"LabelInfo"_s));
+    QGroupBox* conclusions = Fields().ConclusionsFrame(u"Frame3"_s);
+    Texts().Describe(conclusions, m_document.Context().define.DescConcl);
+    layout->addWidget(conclusions, 1);
     return page;
 }
 
@@ -28,9 +30,11 @@ QWidget* LimiWindow::DataPage()
 {
     auto* page = new QWidget;
     auto* layout = new QHBoxLayout(page);
-    QGroupBox* values = FrameBox(u"Frame5"_s, u"Risultati"_s);
+    QGroupBox* values = WindowFields::FrameBox(u"Frame5"_s, u"Risultati"_s);
     auto* valuesLayout = new QVBoxLayout(values);
-    valuesLayout->addWidget(Grid(m_document.Grid(), u"GridData"_s, u"Risultati"_s));
+    GridView* grid = Grid(m_document.Grid(), u"GridData"_s, u"Risultati"_s);
+    grid->SetCorner(u"Dati"_s);
+    valuesLayout->addWidget(grid);
     auto* left = new QVBoxLayout;
     left->addWidget(SizeFrame());
     left->addWidget(values, 1);
@@ -44,24 +48,26 @@ QWidget* LimiWindow::DataPage()
 
 QGroupBox* LimiWindow::SizeFrame()
 {
-    QGroupBox* box = FrameBox(u"Frame4"_s, u"Dimensioni"_s);
-    QLineEdit* nDet = SizeEdit("nDet"_L1);
-    QLabel* caption =
-        FixedLabel(u"Label7"_s, u"N. di misure di una concentrazione (quantità) prossima al limite di "
-                                "rilevabilità e del valore del bianco"_s);
+    QGroupBox* box = WindowFields::FrameBox(u"Frame4"_s, u"Dimensioni"_s);
+    Texts().Describe(box, {});
+    QLineEdit* nDet = Fields().SizeEdit("nDet"_L1);
+    QLabel* caption = WindowFields::FixedLabel(
+        u"Label7"_s, u"N. di misure di una concentrazione (quantità) prossima al limite di "
+                     "rilevabilità e del valore del bianco"_s);
     caption->setWordWrap(true);
     caption->setBuddy(nDet);
     auto* layout = new QGridLayout(box);
     layout->addWidget(caption, 0, 0);
     layout->addWidget(nDet, 0, 1);
-    layout->addWidget(FixedLabel(u"Label20"_s, u"(min. 5)"_s), 0, 2);
+    layout->addWidget(WindowFields::FixedLabel(u"Label20"_s, u"(min. 5)"_s), 0, 2);
     layout->setColumnStretch(0, 1);
     return box;
 }
 
 QGroupBox* LimiWindow::ResultFrame()
 {
-    QGroupBox* box = FrameBox(u"Frame2"_s, u"Risultato dell'elaborazione"_s);
+    QGroupBox* box = WindowFields::FrameBox(u"Frame2"_s, u"Risultato dell'elaborazione"_s);
+    Texts().Describe(box, m_document.Context().define.DescResults);
     auto* layout = new QGridLayout(box);
     auto* group = new QButtonGroup(box);
     for (int i = 0; i < 2; ++i) {
@@ -75,12 +81,12 @@ QGroupBox* LimiWindow::ResultFrame()
             [this](int option) { Run([&] { m_document.ChooseOption(option); }); });
 
     const auto fields = m_document.ResultFields();
-    layout->addWidget(FixedLabel(u"Label1"_s, fields[0].caption), 2, 0);
-    layout->addWidget(ResultLabel(fields[0]), 2, 1);
+    layout->addWidget(WindowFields::FixedLabel(u"Label1"_s, fields[0].caption), 2, 0);
+    layout->addWidget(Fields().ResultLabel(fields[0]), 2, 1);
     // The two limits share one place and one caption; one of them is seen.
-    layout->addWidget(CaptionLabel("LabelRil"_L1), 3, 0);
-    layout->addWidget(ResultLabel(fields[1]), 3, 1);
-    layout->addWidget(ResultLabel(fields[2]), 3, 1);
+    layout->addWidget(Fields().CaptionLabel("LabelRil"_L1), 3, 0);
+    layout->addWidget(Fields().ResultLabel(fields[1]), 3, 1);
+    layout->addWidget(Fields().ResultLabel(fields[2]), 3, 1);
     layout->setColumnStretch(1, 1);
     return box;
 }

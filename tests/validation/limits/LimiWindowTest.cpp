@@ -16,10 +16,12 @@ class CountingFrame : public Frame
 {
 public:
     bool HasTest(QStringView) const override { return false; }
-    void ShowTest(QStringView) override {}
+    void ShowTest(QStringView key) override { shown.append(key.toString()); }
+    bool FormIsOpen(QAnyStringView windowClass) const override { return windowClass == u"Tara"; }
     void Arrange(Arrangement) override {}
     void EndProgram() override { ++ended; }
     int ended = 0;
+    QStringList shown;
 };
 
 /// A text that stands here with a comma, under the separator given.

@@ -1,0 +1,86 @@
+#include "framework/window/EditCommands.h"
+
+#include "framework/window/GridView.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+/// The selected text of a control, or nothing for a control that has none to select.
+std::optional<QString> SelText(const QWidget* control)
+{
+    if (const auto* field = qobject_cast<const QLineEdit*>(control))
+        return field->selectedText();
+    if (const auto* text = qobject_cast<const QPlainTextEdit*>(control))
+        return text->textCursor().selectedText().replace(QChar::ParagraphSeparator, u'\n');
+    if (const auto* label = qobject_cast<const QLabel*>(control))
+        return label->selectedText();
+    return std::nullopt;
+}
+
+/// Puts a text in the place of the selected one, where the control can be changed.
+void SetSelText(QWidget* control, const QString& text)
+{
+    if (auto* field = qobject_cast<QLineEdit*>(control); field != nullptr && !field->isReadOnly())
+        field->insert(text);
+    else if (auto* edit = qobject_cast<QPlainTextEdit*>(control); edit != nullptr && !edit->isReadOnly())
+        edit->insertPlainText(text);
+}
+
+} // namespace
+
+void EditClear(QWidget* activeControl)
+{
+    if (auto* grid = qobject_cast<GridView*>(activeControl))
+        grid->ClearSelected();
+    else
+        SetSelText(activeControl, QString());
+}
+
+void EditCopy(QWidget* activeControl)
+{
+    if (const auto* grid = qobject_cast<const GridView*>(activeControl))
+        QGuiApplication::clipboard()->setText(grid->SelectedText());
+    else if (const auto text = SelText(activeControl))
+        QGuiApplication::clipboard()->setText(*text);
+}
+
+void EditCut(QWidget* activeControl)
+{
+    EditCopy(activeControl);
+    EditClear(activeControl);
+}
+
+void EditPaste(QWidget* activeControl)
+{
+    const QString text = QGuiApplication::clipboard()->text();
+    if (auto* grid = qobject_cast<GridView*>(activeControl))
+        grid->PasteText(text);
+    else
+        SetSelText(activeControl, text);
+}
+
+Answer AskMoveOrCopy(const DocumentContext& context)
+{
+    return context.messages.Ask(
+        MessageIcon::Question, context.define.AppTitle,
+        u"Desideri spostare i dati selezionati?\nScegliendo No i dati verranno copiati"_s);
+}
+
+void DropBlock(GridView& view, DataGrid& grid, const GridBlock& from, int row, int col,
+               const DocumentContext& context)
+{
+    const Answer answer = grid.Overwrites(from, row, col) ? AskMoveOrCopy(context) : Answer::Yes;
+    if (answer != Answer::Cancel) {
+        grid.MoveBlock(from, row, col, answer == Answer::No);
+        view.SelectBlock({.row = row, .col = col, .rows = from.rows, .cols = from.cols});
+    }
+    view.viewport()->update();
+}

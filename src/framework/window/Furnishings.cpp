@@ -1,0 +1,43 @@
+#include "framework/window/Furnishings.h"
+
+#include <QPalette>
+
+#include <algorithm>
+
+namespace
+{
+
+// A band is 1000 twips high; a point of the screen is 15.
+constexpr double kBandHeight = 1000.0 / 15;
+
+// What each band is darker than the one before.
+constexpr int kRedStep = 1;
+constexpr int kGreenStep = 1;
+constexpr int kBlueStep = 7;
+
+} // namespace
+
+void FurnishPalette(QWidget* window)
+{
+    const QColor page(kPageColor);
+    QPalette palette(QColor(0xF3, 0xF0, 0xDC), page);
+    palette.setColor(QPalette::Base, Qt::white);
+    palette.setColor(QPalette::AlternateBase, page.lighter(105));
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        palette.setColor(role, QColor(0x20, 0x20, 0x20));
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        palette.setColor(QPalette::Disabled, role, QColor(0x8a, 0x86, 0x6a));
+    palette.setColor(QPalette::Highlight, QColor(0x2f, 0x6f, 0xa8));
+    palette.setColor(QPalette::HighlightedText, Qt::white);
+    window->setPalette(palette);
+}
+
+void PaintBands(QPainter& painter, const QSize& size)
+{
+    QColor color(kPageColor);
+    for (double top = 0; top < size.height(); top += kBandHeight) {
+        color.setRgb(std::max(0, color.red() - kRedStep), std::max(0, color.green() - kGreenStep),
+                     std::max(0, color.blue() - kBlueStep));
+        painter.fillRect(QRectF(0, top, size.width(), kBandHeight), color);
+    }
+}

@@ -1,0 +1,88 @@
+#include "framework/window/NumberFormatDialog.h"
+
+#include "framework/window/Forms.h"
+
+#include <QFormLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QRegularExpressionValidator>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+constexpr int kMostDigits = 13;
+
+QPushButton* Button(const QString& name, const QString& caption)
+{
+    auto* button = new QPushButton(caption);
+    button->setObjectName(name);
+    return button;
+}
+
+} // namespace
+
+NumberFormatDialog::NumberFormatDialog(const DataGrid& grid, const DocumentContext& context, QWidget* parent)
+    : QDialog(parent), oGrid(grid), m_context(context)
+{
+    setObjectName(u"FormNumero"_s);
+    setWindowTitle(u"Formato numeri"_s);
+    static const QRegularExpression kUpToFourDigits(u"[0-9]{0,4}"_s);
+    const std::array captions = {u"Numero degli interi"_s, u"Numero dei decimali"_s};
+    const std::array counts = {oGrid.GetDigits().interi, oGrid.GetDigits().decimali};
+    auto* form = new QFormLayout;
+    for (std::size_t i = 0; i < m_numForm.size(); ++i) {
+        auto* field = new QLineEdit(QString::number(counts[i]));
+        field->setObjectName(u"NumForm%1"_s.arg(i));
+        field->setValidator(new QRegularExpressionValidator(kUpToFourDigits, field));
+        field->setMaximumWidth(field->fontMetrics().horizontalAdvance(u"00000000"_s));
+        form->addRow(captions[i], field);
+        m_numForm[i] = field;
+    }
+    m_numForm[0]->selectAll();
+
+    QPushButton* ok = Button(u"Command10"_s, u"&OK"_s);
+    ok->setDefault(true);
+    QPushButton* cancel = Button(u"Command11"_s, u"&Annulla"_s);
+    connect(ok, &QPushButton::clicked, this, &NumberFormatDialog::Store);
+    connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
+    auto* buttons = new QHBoxLayout;
+    buttons->addStretch(1);
+    buttons->addWidget(ok);
+    buttons->addWidget(cancel);
+
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(new QLabel(u"Imposta il numero degli interi e dei decimali"_s));
+    layout->addLayout(form);
+    layout->addLayout(buttons);
+    CenterForm(this);
+}
+
+void NumberFormatDialog::Refuse(const QString& text)
+{
+    m_context.messages.Show(MessageIcon::Exclamation, m_context.define.AppTitle, text);
+}
+
+void NumberFormatDialog::Store()
+{
+    // An empty field counts as 0.
+    const int interi = m_numForm[0]->text().toInt();
+    const int decimali = m_numForm[1]->text().toInt();
+    if (interi + decimali > kMostDigits) {
+        Refuse(u"La somma di interi e decimali non puo' eccedere 13"_s);
+        return;
+    }
+    if (interi <= 0) {
+        Refuse(u"Il valore degli interi deve essere > 0"_s);
+        return;
+    }
+    NumInteger = static_cast<std::int16_t>(interi);
+    NumDecimal = static_cast<std::int16_t>(decimali);
+    NumberFormat = QString(interi - 1, u'#') + u'0';
+    if (decimali > 0)
+        NumberFormat += m_context.define.DecSep + QString(decimali, u'0');
+    accept();
+}

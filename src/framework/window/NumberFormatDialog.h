@@ -1,0 +1,32 @@
+// The counts of integer and decimal digits of a document.
+#pragma once
+
+#include "framework/DataGrid.h"
+#include "framework/TestDocument.h"
+
+#include <QDialog>
+#include <QLineEdit>
+
+#include <array>
+
+class NumberFormatDialog : public QDialog
+{
+    Q_OBJECT
+
+public:
+    /// Shows the digits of the grid.
+    NumberFormatDialog(const DataGrid& grid, const DocumentContext& context, QWidget* parent = nullptr);
+
+    /// Empty when the dialog was cancelled; else the counts below are the user's.
+    QString NumberFormat;
+    std::int16_t NumInteger = 0;
+    std::int16_t NumDecimal = 0;
+
+private:
+    void Store();
+    void Refuse(const QString& text);
+
+    const DataGrid& oGrid;
+    DocumentContext m_context;
+    std::array<QLineEdit*, 2> m_numForm{};
+};

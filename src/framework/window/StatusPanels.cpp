@@ -1,0 +1,95 @@
+#include "framework/window/StatusPanels.h"
+
+#include "framework/window/TestMenus.h"
+
+#include <QMouseEvent>
+#include <QPainter>
+#include <QStyle>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+StatusPanel::StatusPanel(const QString& key, const QString& text) : QLabel(text)
+{
+    setObjectName(key);
+    setTextFormat(Qt::PlainText);
+    setFrameStyle(Panel | Sunken);
+    setLineWidth(1);
+    setMargin(3);
+    setMinimumWidth(1);
+}
+
+void StatusPanel::ShowText(const QString& text)
+{
+    setText(text);
+    setToolTip(text);
+}
+
+/// A text that is too long for the panel ends in an ellipsis.
+void StatusPanel::paintEvent(QPaintEvent* /*event*/)
+{
+    QPainter painter(this);
+    drawFrame(&painter);
+    const QRect inside = contentsRect().marginsRemoved(QMargins(margin(), 0, margin(), 0));
+    const QString shown = fontMetrics().elidedText(text(), Qt::ElideRight, inside.width());
+    style()->drawItemText(&painter, inside, static_cast<int>(alignment()), palette(), isEnabled(), shown,
+                          foregroundRole());
+}
+
+void StatusPanel::mouseReleaseEvent(QMouseEvent* event)
+{
+    if (event->button() == Qt::LeftButton && rect().contains(event->position().toPoint()))
+        Q_EMIT Clicked();
+}
+
+void StatusPanel::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    if (event->button() == Qt::LeftButton)
+        Q_EMIT DoubleClicked();
+}
+
+StatusPanels::StatusPanels(const TestInfo& info, Frame& frame, QWidget* parent)
+    : QStatusBar(parent),
+      m_frame(frame),
+      m_descrBar(new StatusPanel(u"DescrBar"_s, {})),
+      m_statusBar(new StatusPanel(u"StatusBar"_s, {}))
+{
+    setObjectName(u"StatusBar1"_s);
+    setSizeGripEnabled(false);
+    setStyleSheet(u"QStatusBar::item { border: none; }"_s); // the panels have their own bevels
+    addWidget(m_descrBar, 1);
+    addWidget(m_statusBar, 1);
+    connect(m_statusBar, &StatusPanel::DoubleClicked, this, &StatusPanels::StatusDoubleClicked);
+    BuildStatusPanels(info);
+}
+
+void StatusPanels::BuildStatusPanels(const TestInfo& info)
+{
+    for (const QString& key : OtherTests(info)) {
+        const QString name = FindTest(key)->panel;
+        auto* panel = new StatusPanel(name, name);
+        panel->setAlignment(Qt::AlignCenter);
+        panel->setToolTip(FindTest(key)->title);
+        panel->SetInset(false);
+        panel->setEnabled(m_frame.HasTest(key));
+        connect(panel, &StatusPanel::Clicked, this, [this, panel, key] { RunPanel(panel, key); });
+        addWidget(panel);
+        m_tests.append(panel);
+    }
+}
+
+void StatusPanels::RunPanel(StatusPanel* panel, const QString& key)
+{
+    panel->SetInset(true);
+    m_frame.ShowTest(key); // opens a closed test, brings an open one forward
+}
+
+void StatusPanels::UpdateStatusPanels()
+{
+    for (const TestInfo& info : TestRegistry()) {
+        const auto panel = std::ranges::find(m_tests, QString(info.panel), &QObject::objectName);
+        if (panel != m_tests.end()) // the window's own test has none
+            (*panel)->SetInset(m_frame.FormIsOpen(info.windowClass));
+    }
+}

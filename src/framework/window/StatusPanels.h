@@ -1,0 +1,57 @@
+// The status bar of a test window: a description, the number format, and a panel for each other test.
+#pragma once
+
+#include "framework/TestRegistry.h"
+#include "framework/window/Frame.h"
+
+#include <QLabel>
+#include <QList>
+#include <QStatusBar>
+
+/// A text with a bevel. A raised one stands for a test that is not open.
+class StatusPanel : public QLabel
+{
+    Q_OBJECT
+
+public:
+    StatusPanel(const QString& key, const QString& text);
+
+    bool IsInset() const { return frameShadow() == Sunken; }
+    void SetInset(bool inset) { setFrameShadow(inset ? Sunken : Raised); }
+    /// The text, and all of it in the tool tip.
+    void ShowText(const QString& text);
+
+Q_SIGNALS:
+    void Clicked();
+    void DoubleClicked();
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+};
+
+class StatusPanels : public QStatusBar
+{
+    Q_OBJECT
+
+public:
+    StatusPanels(const TestInfo& info, Frame& frame, QWidget* parent = nullptr);
+
+    void SetDescription(const QString& text) { m_descrBar->ShowText(text); }
+    void SetStatus(const QString& text) { m_statusBar->ShowText(text); }
+    /// Each panel's bevel becomes that of its test: inset where the window is open.
+    void UpdateStatusPanels();
+
+Q_SIGNALS:
+    void StatusDoubleClicked();
+
+private:
+    void BuildStatusPanels(const TestInfo& info);
+    void RunPanel(StatusPanel* panel, const QString& key);
+
+    Frame& m_frame;
+    StatusPanel* m_descrBar;
+    StatusPanel* m_statusBar;
+    QList<StatusPanel*> m_tests;
+};

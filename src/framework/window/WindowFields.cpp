@@ -1,0 +1,162 @@
+#include "framework/window/WindowFields.h"
+
+#include <QFormLayout>
+#include <QKeyEvent>
+#include <QRegularExpressionValidator>
+#include <QVBoxLayout>
+
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+/// Sets a text without moving the caret of a field that shows it already.
+void ShowText(QLineEdit* edit, const QString& text)
+{
+    if (edit->text() != text)
+        edit->setText(text);
+}
+
+} // namespace
+
+WindowFields::WindowFields(TestDocument& document, Guard guard, QObject* parent)
+    : QObject(parent), m_document(document), m_guard(std::move(guard))
+{
+}
+
+QWidget* WindowFields::HeaderFields(const QString& labelName)
+{
+    auto* fields = new QWidget;
+    auto* form = new QFormLayout(fields);
+    form->setContentsMargins(0, 0, 0, 0);
+    form->setRowWrapPolicy(QFormLayout::DontWrapRows);
+    for (int i = 0; i < m_document.InputCount(); ++i) {
+        auto* edit = new QLineEdit;
+        edit->setObjectName(u"aInputData%1"_s.arg(i));
+        edit->installEventFilter(this);
+        QLabel* label = FixedLabel(labelName + QString::number(i), TestDocument::InputCaption(i));
+        label->setBuddy(edit);
+        form->addRow(label, edit);
+        connect(edit, &QLineEdit::textEdited, this,
+                [this, i](const QString& text) { m_guard([&] { m_document.TypeInputData(i, text); }); });
+        m_inputs.append(edit);
+    }
+    return fields;
+}
+
+QGroupBox* WindowFields::ConclusionsFrame(const QString& frameName)
+{
+    QGroupBox* box = FrameBox(frameName, u"Conclusioni"_s);
+    m_conclusions = new QPlainTextEdit;
+    m_conclusions->setObjectName(u"cConcl"_s);
+    m_conclusions->setAccessibleName(u"Conclusioni"_s);
+    m_conclusions->setReadOnly(true);
+    m_conclusions->setTabChangesFocus(true);
+    m_conclusions->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    auto* layout = new QVBoxLayout(box);
+    layout->addWidget(m_conclusions);
+    return box;
+}
+
+QLineEdit* WindowFields::SizeEdit(QLatin1StringView control)
+{
+    static const QRegularExpression kUpToFourDigits(u"[0-9]{0,4}"_s);
+    auto* edit = new QLineEdit;
+    edit->setObjectName(control);
+    edit->setValidator(new QRegularExpressionValidator(kUpToFourDigits, edit));
+    edit->setFixedWidth(edit->fontMetrics().horizontalAdvance(u"00000000"_s));
+    edit->installEventFilter(this);
+    connect(edit, &QLineEdit::textEdited, this,
+            [this, control](const QString& text) { m_guard([&] { m_document.TypeSize(control, text); }); });
+    m_sizes.append(edit);
+    return edit;
+}
+
+QLabel* WindowFields::ResultLabel(const ResultField& field)
+{
+    QLabel* label = CaptionLabel(field.control);
+    label->setAccessibleDescription(field.caption);
+    label->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
+    label->setAutoFillBackground(true);
+    label->setBackgroundRole(QPalette::Base);
+    label->setMargin(2);
+    label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    label->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    label->setMinimumWidth(label->fontMetrics().horizontalAdvance(u"00000000.000"_s));
+    return label;
+}
+
+QLabel* WindowFields::CaptionLabel(QLatin1StringView control)
+{
+    QLabel* label = FixedLabel(control, {});
+    m_labels.append(label);
+    return label;
+}
+
+QLabel* WindowFields::FixedLabel(const QString& name, const QString& text)
+{
+    auto* label = new QLabel(text);
+    label->setObjectName(name);
+    label->setTextFormat(Qt::PlainText);
+    return label;
+}
+
+QGroupBox* WindowFields::FrameBox(const QString& name, const QString& title)
+{
+    auto* box = new QGroupBox(title);
+    box->setObjectName(name);
+    return box;
+}
+
+void WindowFields::Refresh()
+{
+    for (qsizetype i = 0; i < m_inputs.size(); ++i)
+        ShowText(m_inputs[i], m_document.InputData(static_cast<int>(i)));
+    for (QLineEdit* edit : std::as_const(m_sizes))
+        ShowText(edit, m_document.ControlText(edit->objectName()));
+    for (QLabel* label : std::as_const(m_labels)) {
+        label->setText(m_document.ControlText(label->objectName()));
+        label->setVisible(m_document.ControlVisible(label->objectName()));
+    }
+    const QString conclusions = QString(m_document.Conclusions()).replace("\r\n"_L1, "\n"_L1);
+    if (m_conclusions->toPlainText() != conclusions)
+        m_conclusions->setPlainText(conclusions);
+}
+
+bool WindowFields::eventFilter(QObject* object, QEvent* event)
+{
+    // Ctrl+X belongs to the menu, where it clears; a field would take it for itself and cut.
+    if (event->type() == QEvent::ShortcutOverride) {
+        const auto* key = static_cast<QKeyEvent*>(event);
+        if (key->key() == Qt::Key_X && key->modifiers() == Qt::ControlModifier)
+            return true;
+    }
+    auto* edit = qobject_cast<QLineEdit*>(object);
+    return m_sizes.contains(edit) && FilterSizeEdit(edit, event);
+}
+
+bool WindowFields::FilterSizeEdit(QLineEdit* edit, QEvent* event)
+{
+    if (event->type() == QEvent::FocusIn) {
+        // The click that brings the focus places the caret after this, so that selecting comes later.
+        QMetaObject::invokeMethod(edit, &QLineEdit::selectAll, Qt::QueuedConnection);
+    } else if (event->type() == QEvent::FocusOut) {
+        const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
+        if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason &&
+            reason != Qt::MenuBarFocusReason)
+            LeaveSizeEdit(edit);
+    }
+    return false;
+}
+
+void WindowFields::LeaveSizeEdit(QLineEdit* edit)
+{
+    m_guard([&] {
+        const QByteArray control = edit->objectName().toLatin1();
+        if (!m_document.LeaveSize(QLatin1StringView(control)))
+            QMetaObject::invokeMethod(
+                edit, [edit] { edit->setFocus(); }, Qt::QueuedConnection);
+    });
+}

@@ -1,0 +1,325 @@
+// What every test window has around its document: toolbar, menus, panels, bands, descriptions, number format
+// dialog.
+#include "Compare.h"
+#include "TestPlace.h"
+#include "framework/window/EditCommands.h"
+#include "framework/window/NumberFormatDialog.h"
+#include "framework/window/TestMenus.h"
+#include "validation/limits/LimiWindow.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTimer>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+/// A frame with the calibration open and repeatability closed.
+class ScriptedFrame : public Frame
+{
+public:
+    bool HasTest(QStringView) const override { return true; }
+    void ShowTest(QStringView key) override { shown.append(key.toString()); }
+    bool FormIsOpen(QAnyStringView windowClass) const override { return windowClass == "Tara"; }
+    void Arrange(Arrangement arrangement) override { arranged.append(static_cast<int>(arrangement)); }
+    void EndProgram() override {}
+    QStringList shown;
+    QList<int> arranged;
+};
+
+QString Captions(const QMenu* menu)
+{
+    QStringList captions;
+    for (const QAction* action : menu->actions()) {
+        if (action->isVisible())
+            captions += action->isSeparator() ? u"-"_s : action->text();
+    }
+    return captions.join(u'|');
+}
+
+} // namespace
+
+class FurnishingsTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init()
+    {
+        FailOnWarnings();
+        m_place = std::make_unique<TestPlace>();
+        m_place->define.DecSep = u","_s;
+        m_frame = ScriptedFrame();
+        m_window = std::make_unique<LimiWindow>(std::make_unique<LimiDocument>(m_place->Context()), m_frame);
+        m_window->setAttribute(Qt::WA_DeleteOnClose, false);
+        m_window->resize(m_window->sizeHint());
+        m_window->show();
+        QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+    }
+
+    void MenusOfALimitsWindow()
+    {
+        QStringList menus;
+        for (const QMenu* menu : m_window->Menus())
+            menus += menu->title() + u": "_s + Captions(menu);
+        QCOMPARE(
+            menus,
+            QStringList(
+                {u"&File: &Nuovo|&Apri...|&Salva|Salva con &nome...|-|&Stampa...|&Imposta stampante...|-|-|"
+                 "&Chiudi"_s,
+                 u"&Modifica: &Taglia|&Copia|&Incolla|Ca&ncella"_s,
+                 u"&Strumenti: &Calcola|-|&Setup formato numeri..."_s,
+                 u"M&etodi: &Specificità...|&Taratura...|&Ripetibilità...|&Accuratezza...|"
+                 "&Riproducibilità...|Precisione &intermedia..."_s,
+                 u"&Finestre: Affianca &orizzontalmente|Affianca &verticalmente|&Sovrapponi|&Disponi icone"_s,
+                 u"&?: &Guida in linea|&Metodo|&Parametri fondamentali di statistica|-|"
+                 "&Normativa di riferimento ICH|&Testo di riferimento V.Marzen"_s}));
+        QCOMPARE(Action("ModificaTaglia")->shortcut(), QKeySequence(u"Shift+Del"_s));
+        QCOMPARE(Action("ModificaCancella")->shortcut(), QKeySequence(u"Ctrl+X"_s));
+    }
+
+    void MethodsOfEachWindow_data()
+    {
+        QTest::addColumn<QString>("key");
+        QTest::addColumn<QString>("captions"); // the part that differs
+        QTest::addRow("PREC") << u"PREC"_s << u"&Accuratezza...|&Limite ril. e det....|&Riproducibilità..."_s;
+        QTest::addRow("PRIN") << u"PRIN"_s << u"&Accuratezza...|&Limite rip. e det....|&Riproducibilità..."_s;
+        QTest::addRow("SPEC") << u"SPEC"_s
+                              << u"&Taratura...|&Ripetibilità...|&Accuratezza...|&Limite rip. e det...."_s;
+        QTest::addRow("TARA") << u"TARA"_s
+                              << u"&Specificità...|&Ripetibilità...|&Accuratezza...|&Limite rip. e det...."_s;
+        QTest::addRow("ACCU") << u"ACCU"_s << u"&Ripetibilità...|&Limite ril. e det...|&Riproducibilità..."_s;
+        QTest::addRow("RIPR") << u"RIPR"_s
+                              << u"&Accuratezza...|&Limite rip. e det....|Precisione &intermedia..."_s;
+    }
+
+    void MethodsOfEachWindow()
+    {
+        QFETCH(QString, key);
+        QFETCH(QString, captions);
+        QWidget parent;
+        const auto menus = BuildMenus(&parent, *FindTest(key), [](const QString&) { return [] {}; });
+        const QString all = Captions(menus[3]);
+        QVERIFY2(all.contains(captions) && all.count(u'|') == 5, qPrintable(all));
+        QCOMPARE(parent.findChild<QAction*>(u"FileStampaGrafico"_s) != nullptr, true);
+        QCOMPARE(parent.findChild<QAction*>(u"StrumentiConcentrazioni"_s) != nullptr,
+                 key == u"PRIN" || key == u"TARA" || key == u"RIPR");
+    }
+
+    void ToolbarOfALimitsWindow()
+    {
+        auto* toolbar = m_window->findChild<QToolBar*>();
+        QStringList keys;
+        for (const QAction* action : toolbar->actions()) {
+            keys += action->isSeparator() ? u"-"_s : action->objectName();
+            QVERIFY(action->isSeparator() || !action->icon().isNull());
+        }
+        QCOMPARE(keys.join(u' '),
+                 u"New Open Save - Cut Copy Paste - Print - Sum - Plan StatPar Help - ICH Libro - Exit"_s);
+        QCOMPARE(Action("Sum")->toolTip(), u"Calcola risultati"_s);
+    }
+
+    void Panels()
+    {
+        m_window->Activated();
+        QStringList panels;
+        for (const StatusPanel* panel : m_window->findChildren<StatusPanel*>())
+            panels += panel->objectName() + (panel->IsInset() ? u"-"_s : u"+"_s);
+        QCOMPARE(panels.join(u' '), u"DescrBar- StatusBar- Spec+ Tara- Ripe+ Accu+ Ripr+ Prin+"_s);
+        QTest::mouseClick(Panel("Ripe"), Qt::LeftButton);
+        QVERIFY(Panel("Ripe")->IsInset());
+        QTest::mouseClick(Panel("Tara"), Qt::LeftButton);
+        QTest::mouseClick(Panel("DescrBar"), Qt::LeftButton); // no effect
+        QCOMPARE(m_frame.shown, QStringList({u"PREC"_s, u"TARA"_s}));
+    }
+
+    void MenuEntriesReachTheFrame()
+    {
+        Action("MnuMetod5")->trigger();
+        QCOMPARE(m_frame.shown, QStringList(u"PRIN"_s));
+        for (const char* name :
+             {"MnuFinestreTile", "MnuFinestreVTile", "MnuFinestreCascade", "MnuFinestreDisponiIcone"})
+            Action(name)->trigger();
+        QCOMPARE(m_frame.arranged, QList<int>({1, 2, 0, 3}));
+    }
+
+    void Bands()
+    {
+        const QImage image = m_window->grab().toImage().scaled(m_window->size());
+        const auto colorAt = [&](int y) { return image.pixelColor(1, y); };
+        QCOMPARE(colorAt(0), QColor(0xF3, 0xED, 0xAA));
+        QCOMPARE(colorAt(65), QColor(0xF3, 0xED, 0xAA)); // 1000 twips are 66.7 points
+        QCOMPARE(colorAt(68), QColor(0xF2, 0xEC, 0xA3));
+        QCOMPARE(colorAt(3 * 67 + 5), QColor(0xF0, 0xEA, 0x95));
+    }
+
+    void DescriptionsFollowTheMouse()
+    {
+        m_window->findChild<QTabWidget*>()->setCurrentIndex(1);
+        const auto over = [&](QWidget* widget) {
+            QTest::mouseMove(widget, QPoint(3, 3));
+            QMouseEvent move(QEvent::MouseMove, QPointF(3, 3), widget->mapToGlobal(QPointF(3, 3)),
+                             Qt::NoButton, {}, {});
+            QApplication::sendEvent(widget, &move);
+            return Panel("DescrBar")->text();
+        };
+        QCOMPARE(over(m_window->findChild<GridView*>()->viewport()), u"Griglia per l'inserimento dei dati"_s);
+        QCOMPARE(over(m_window->findChild<QGroupBox*>(u"Frame2"_s)),
+                 u"Mostra i risultati dell'elaborazione"_s);
+        QCOMPARE(over(m_window->findChild<QLabel*>(u"StDev"_s)), u"Mostra i risultati dell'elaborazione"_s);
+        QCOMPARE(over(m_window->findChild<QGroupBox*>(u"Frame4"_s)), QString());
+        m_window->findChild<QTabWidget*>()->setCurrentIndex(0);
+        QCOMPARE(over(m_window->findChild<QPlainTextEdit*>()->viewport()),
+                 u"Mostra il testo delle conclusioni"_s);
+        QCOMPARE(over(m_window->findChild<QTabWidget*>()), QString());
+    }
+
+    void PasteIsDescribed()
+    {
+        QApplication::clipboard()->setText(u"1\nx\n3"_s);
+        m_window->findChild<QTabWidget*>()->setCurrentIndex(1);
+        auto* view = m_window->findChild<GridView*>();
+        view->setFocus();
+        view->setCurrentIndex(view->model()->index(8, 0));
+        Action("ModificaIncolla")->trigger();
+        QCOMPARE(Panel("DescrBar")->text(), u"Celle incollate: 1, rifiutate: 1, fuori dalla griglia: 1"_s);
+        QVERIFY(Action("FileSalva")->isEnabled()); // a paste is a cell change
+    }
+
+    void PasteNeedsText()
+    {
+        auto* menu = m_window->findChild<QMenu*>(u"Modifica"_s);
+        QApplication::clipboard()->clear();
+        Q_EMIT menu->aboutToShow();
+        QVERIFY(!Action("ModificaIncolla")->isEnabled());
+        QApplication::clipboard()->setText(u"1"_s);
+        Q_EMIT menu->aboutToShow();
+        QVERIFY(Action("ModificaIncolla")->isEnabled());
+    }
+
+    void EditCommandsInAField()
+    {
+        auto* field = m_window->findChild<QLineEdit*>(u"aInputData0"_s);
+        QVERIFY(field->hasFocus()); // where a new window begins
+        QTest::keyClicks(field, u"HPLC"_s);
+        field->selectAll();
+        QApplication::clipboard()->setText(u"GC\nMS"_s);
+        Action("Paste")->trigger();
+        QCOMPARE(m_window->Document().InputData(0), u"GC MS"_s); // a header field is one line
+        QCOMPARE(field->text(), u"GC MS"_s);
+        field->selectAll();
+        Action("ModificaCancella")->trigger();
+        QCOMPARE(m_window->Document().InputData(0), QString());
+    }
+
+    void NumberFormat_data()
+    {
+        QTest::addColumn<QString>("integers");
+        QTest::addColumn<QString>("decimals");
+        QTest::addColumn<QString>("format"); // empty: refused
+        QTest::addColumn<QString>("message");
+        const QString kSum = u"La somma di interi e decimali non puo' eccedere 13"_s;
+        const QString kIntegers = u"Il valore degli interi deve essere > 0"_s;
+        QTest::addRow("one and none") << u"1"_s << u"0"_s << u"0"_s << QString();
+        QTest::addRow("four and two") << u"4"_s << u"2"_s << u"###0,00"_s << QString();
+        QTest::addRow("most decimals") << u"1"_s << u"12"_s << u"0,000000000000"_s << QString();
+        QTest::addRow("most integers") << u"13"_s << u"0"_s << u"############0"_s << QString();
+        QTest::addRow("too many") << u"1"_s << u"13"_s << QString() << kSum;
+        QTest::addRow("no integers") << u"0"_s << u"3"_s << QString() << kIntegers;
+        QTest::addRow("both wrong") << u"0"_s << u"14"_s << QString() << kSum;
+        QTest::addRow("an empty field") << u""_s << u"3"_s << QString() << kIntegers;
+    }
+
+    void NumberFormat()
+    {
+        QFETCH(QString, integers);
+        QFETCH(QString, decimals);
+        QFETCH(QString, format);
+        QFETCH(QString, message);
+        NumberFormatDialog dialog(m_window->Document().Grid(), m_place->Context());
+        const std::array fields = {dialog.findChild<QLineEdit*>(u"NumForm0"_s),
+                                   dialog.findChild<QLineEdit*>(u"NumForm1"_s)};
+        QCOMPARE(fields[0]->text() + fields[1]->text(), u"33"_s);
+        const std::array texts = {integers, decimals};
+        for (std::size_t i = 0; i < fields.size(); ++i) {
+            fields[i]->clear();
+            QTest::keyClicks(fields[i], u"-x"_s + texts[i]); // digits alone pass
+            QCOMPARE(fields[i]->text(), texts[i]);
+        }
+        dialog.findChild<QPushButton*>(u"Command10"_s)->click();
+        QCOMPARE(dialog.NumberFormat, format);
+        QCOMPARE(dialog.result() == QDialog::Accepted, message.isEmpty());
+        QCOMPARE(m_place->messages.TakeOnly(), message.isEmpty() ? u"0 messages"_s : message);
+    }
+
+    void SetupChangesGridAndResults_data()
+    {
+        QTest::addColumn<bool>("changed"); // the tools are on, so that the results follow
+        QTest::addRow("an untouched document") << false;
+        QTest::addRow("a changed one") << true;
+    }
+
+    void SetupChangesGridAndResults()
+    {
+        QFETCH(bool, changed);
+        DataGrid& grid = m_window->Document().Grid();
+        if (changed)
+            QVERIFY(grid.TypeText(0, 0, u"1,2345"_s));
+        else
+            grid.SetValue(0, 0, 1.2345);
+        grid.SetChangeMade(false);
+        AnswerFormat(u"4"_s, u"2"_s, "Command10");
+        QTest::mouseDClick(Panel("StatusBar"), Qt::LeftButton);
+        QCOMPARE(grid.Text(0, 0), u"1,23"_s);
+        QCOMPARE(grid.LargestText(), u"9999,99"_s);
+        QCOMPARE(Panel("StatusBar")->text(), u"Formato numeri: Interi 4  Decimali 2"_s);
+        QCOMPARE(m_window->findChild<QLabel*>(u"StDev"_s)->text(), changed ? u"0,39"_s : u"0,000"_s);
+        QCOMPARE(m_window->Document().NumberFormat(), u"###0.00"_s);
+        QVERIFY(!m_window->Document().IsModify() && !m_window->Document().ChangeMade());
+
+        AnswerFormat(u"9"_s, u"4"_s, "Command11"); // cancelled: all stays
+        Action("StrumentiSetup")->trigger();
+        QCOMPARE(grid.Text(0, 0), u"1,23"_s);
+        QCOMPARE(m_place->define.NumFormat, u"###0.00"_s);
+    }
+
+    void SmallWindowScrolls()
+    {
+        m_window->resize(m_window->minimumSizeHint());
+        QVERIFY(m_window->height() < m_window->sizeHint().height());
+        m_window->findChild<QTabWidget*>()->setCurrentIndex(1);
+        const auto* values = m_window->findChild<QGroupBox*>(u"Frame5"_s);
+        const auto* results = m_window->findChild<QGroupBox*>(u"Frame2"_s);
+        QVERIFY(!values->geometry().intersects(results->geometry()));
+        QVERIFY(values->height() >= values->minimumSizeHint().height());
+    }
+
+private:
+    QAction* Action(const char* name) { return m_window->findChild<QAction*>(QString::fromLatin1(name)); }
+    StatusPanel* Panel(const char* name)
+    {
+        return m_window->findChild<StatusPanel*>(QString::fromLatin1(name));
+    }
+
+    /// Fills the number format dialog once it is open, and presses one of its buttons.
+    static void AnswerFormat(const QString& integers, const QString& decimals, const char* button)
+    {
+        QTimer::singleShot(0, QApplication::instance(), [=] {
+            auto* dialog = QApplication::activeModalWidget();
+            dialog->findChild<QLineEdit*>(u"NumForm0"_s)->setText(integers);
+            dialog->findChild<QLineEdit*>(u"NumForm1"_s)->setText(decimals);
+            dialog->findChild<QPushButton*>(QString::fromLatin1(button))->click();
+        });
+    }
+
+    std::unique_ptr<TestPlace> m_place;
+    ScriptedFrame m_frame;
+    std::unique_ptr<LimiWindow> m_window;
+};
+
+QTEST_MAIN(FurnishingsTest)
+#include "FurnishingsTest.moc"
