@@ -35,9 +35,9 @@ void FurnishPalette(QWidget* window)
 void PaintBands(QPainter& painter, const QSize& size)
 {
     QColor color(kPageColor);
-    for (double top = 0; top < size.height(); top += kBandHeight) {
+    for (int band = 0; band * kBandHeight < size.height(); ++band) {
         color.setRgb(std::max(0, color.red() - kRedStep), std::max(0, color.green() - kGreenStep),
                      std::max(0, color.blue() - kBlueStep));
-        painter.fillRect(QRectF(0, top, size.width(), kBandHeight), color);
+        painter.fillRect(QRectF(0, band * kBandHeight, size.width(), kBandHeight), color);
     }
 }
