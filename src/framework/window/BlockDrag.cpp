@@ -48,20 +48,18 @@ bool BlockDrag::eventFilter(QObject* object, QEvent* event)
         End();
         return true;
     }
-    if (object != m_view->viewport())
+    const bool mouseEvent = event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseMove ||
+                            event->type() == QEvent::MouseButtonRelease;
+    if (object != m_view->viewport() || !mouseEvent)
         return false;
     const auto* mouse = static_cast<QMouseEvent*>(event);
-    switch (event->type()) {
-    case QEvent::MouseButtonPress:
-        return mouse->button() == Qt::LeftButton && mouse->modifiers() == Qt::NoModifier &&
-               Press(mouse->position().toPoint());
-    case QEvent::MouseMove:
+    if (event->type() == QEvent::MouseMove)
         return Move(mouse->position().toPoint());
-    case QEvent::MouseButtonRelease:
-        return mouse->button() == Qt::LeftButton && Release();
-    default:
+    if (mouse->button() != Qt::LeftButton)
         return false;
-    }
+    if (event->type() == QEvent::MouseButtonRelease)
+        return Release();
+    return mouse->modifiers() == Qt::NoModifier && Press(mouse->position().toPoint());
 }
 
 bool BlockDrag::Press(const QPoint& at)
