@@ -6,6 +6,7 @@
 
 #include <QFile>
 #include <QList>
+#include <QMap>
 #include <QTest>
 
 #include <map>
@@ -112,6 +113,15 @@ inline QByteArray BytesOf(const QString& fileName)
 {
     QFile file(fileName);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<unreadable>");
+}
+
+/// A test document with some of its lines, counted from 1, replaced.
+inline QByteArray DataFileWith(const QString& name, const QMap<int, QByteArray>& lines)
+{
+    QList<QByteArray> all = BytesOf(DataFile(name)).split('\n');
+    for (auto line = lines.begin(); line != lines.end(); ++line)
+        all[line.key() - 1] = line.value() + '\r';
+    return all.join('\n');
 }
 
 inline bool WriteBytes(const QString& fileName, const QByteArray& bytes)

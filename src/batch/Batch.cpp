@@ -2,7 +2,9 @@
 
 #include "batch/CommandLine.h"
 #include "batch/JsonOutput.h"
+#include "framework/ChartPainter.h"
 #include "framework/Database.h"
+#include "framework/SafeFile.h"
 #include "validation/DocumentFactory.h"
 
 #include <QDir>
@@ -10,6 +12,7 @@
 #include <QSet>
 
 #include <algorithm>
+#include <functional>
 
 using namespace Qt::StringLiterals;
 
@@ -65,8 +68,8 @@ QStringList FilesOf(const QStringList& paths)
     return files;
 }
 
-/// Why the documents can't be saved again in this folder, or empty.
-QString RewriteObstacle(const QString& folder, const QStringList& files)
+/// Why nothing can be written to this folder, or empty. It is made where it is missing.
+QString FolderObstacle(const QString& folder, const QStringList& files)
 {
     if (!QDir().mkpath(folder))
         return u"impossibile creare la cartella %1"_s.arg(folder);
@@ -83,15 +86,15 @@ class Batch
 {
 public:
     Batch(CommandLine line, const BatchPlace& place)
-        : m_line(std::move(line)), m_place(place), m_fTable(place.dbFile)
+        : m_line(std::move(line)), m_place(place), m_fTable(place.programFolder + u"/DB/QUOREL73.MDB"_s)
     {
     }
 
     int Run()
     {
         const QStringList files = FilesOf(m_line.paths);
-        if (!m_line.rewriteDir.isEmpty()) {
-            const QString obstacle = RewriteObstacle(m_line.rewriteDir, files);
+        for (const QString& folder : {m_line.chartDir, m_line.rewriteDir}) {
+            const QString obstacle = folder.isEmpty() ? QString() : FolderObstacle(folder, files);
             if (!obstacle.isEmpty()) {
                 m_place.err.write("quorel-batch: " + obstacle.toUtf8() + '\n');
                 return kWrongCall;
@@ -126,11 +129,42 @@ private:
         }
         const LoadOutcome outcome = LoadDocument(*document, file);
         const bool opened = document->ReadStop() != 0;
+        document->SetLanGraf(m_line.english ? 1 : 0);
         TellOutcome(file, *document, outcome, messages.Collected());
         if (opened)
             Print(BatchResult{file, *document, outcome, messages.Collected()});
+        const QString name = QFileInfo(file).fileName();
+        if (m_line.chartDir.isEmpty() && m_line.rewriteDir.isEmpty())
+            return;
+        if (m_written.contains(name)) {
+            Complain(file, u"non salvato: un altro file ha lo stesso nome"_s);
+            return;
+        }
+        m_written.insert(name);
+        if (!m_line.chartDir.isEmpty() && outcome.calculated)
+            Write(file, [&] { WriteCharts(name, *document); });
         if (!m_line.rewriteDir.isEmpty() && !outcome.reading)
-            Rewrite(file, *document);
+            Write(file, [&] { document->WriteToFile(QDir(m_line.rewriteDir).filePath(name)); });
+    }
+
+    void Write(const QString& file, const std::function<void()>& write)
+    {
+        try {
+            write();
+        } catch (const RuntimeFailure& failure) {
+            Complain(file, u"non salvato: %1"_s.arg(QString::fromStdString(failure.Text())));
+        }
+    }
+
+    void WriteCharts(const QString& name, const TestDocument& document)
+    {
+        if (!m_painter)
+            m_painter = CreateChartPainter(m_place.programFolder);
+        for (const ChartData* chart : document.Charts()) {
+            m_painter->SetChart(*chart, m_line.decSep);
+            WriteSafeFile(QDir(m_line.chartDir).filePath(u"%1.%2.pdf"_s.arg(name, chart->name)),
+                          m_painter->Export(ChartFormat::Pdf, kChartPage));
+        }
     }
 
     void TellOutcome(const QString& file, const TestDocument& document, const LoadOutcome& outcome,
@@ -157,22 +191,6 @@ private:
             m_outputLost = true;
     }
 
-    void Rewrite(const QString& file, TestDocument& document)
-    {
-        const QString name = QFileInfo(file).fileName();
-        if (m_rewritten.contains(name)) {
-            Complain(file, u"non salvato: un altro file con lo stesso nome è già stato salvato in %1"_s.arg(
-                               m_line.rewriteDir));
-            return;
-        }
-        try {
-            document.WriteToFile(QDir(m_line.rewriteDir).filePath(name));
-            m_rewritten.insert(name);
-        } catch (const RuntimeFailure& failure) {
-            Complain(file, u"non salvato: %1"_s.arg(QString::fromStdString(failure.Text())));
-        }
-    }
-
     void Complain(const QString& file, const QString& reason)
     {
         m_failed = true;
@@ -196,7 +214,8 @@ private:
     CommandLine m_line;
     BatchPlace m_place;
     DatabaseFTable m_fTable;
-    QSet<QString> m_rewritten;
+    std::unique_ptr<ChartPainter> m_painter;
+    QSet<QString> m_written; ///< names, without their folders
     bool m_failed = false;
     bool m_outputLost = false;
 };

@@ -11,7 +11,7 @@ struct BatchPlace {
     QIODevice& out;
     QIODevice& err;
     bool progress = false; ///< a line on err tells how far the work is
-    QString dbFile;        ///< the database with the table of F
+    QString programFolder; ///< where the database and the module of the charts lie
     QString version;
 };
 

@@ -17,6 +17,7 @@ constexpr auto kHelp =
     "\n"
     "  --json              un oggetto JSON per documento, uno per riga, in UTF-8\n"
     "  --chart-data        aggiunge al JSON i dati dei grafici\n"
+    "  --chart CARTELLA    scrive ogni grafico nella cartella, come NOME.GRAFICO.pdf\n"
     "  --rewrite CARTELLA  salva di nuovo ogni documento nella cartella, nel formato attuale\n"
     "  --language it|en    lingua dei grafici (en)\n"
     "  --decimal CARATTERE . oppure , come separatore decimale dei numeri mostrati (quello del sistema)\n"
@@ -44,12 +45,14 @@ QString HelpText()
 CommandLine ParseCommandLine(const QStringList& arguments)
 {
     const QString rewrite = u"rewrite"_s;
+    const QString chart = u"chart"_s;
     const QString language = u"language"_s;
     const QString decimal = u"decimal"_s;
     QCommandLineParser parser;
     for (const auto& flag : {u"json"_s, u"chart-data"_s, u"help"_s, u"version"_s})
         parser.addOption(QCommandLineOption(flag));
-    parser.addOption(QCommandLineOption(rewrite, {}, u"CARTELLA"_s));
+    for (const QString& folder : {chart, rewrite})
+        parser.addOption(QCommandLineOption(folder, {}, u"CARTELLA"_s));
     parser.addOption(QCommandLineOption(language, {}, u"it|en"_s, u"en"_s));
     parser.addOption(QCommandLineOption(decimal, {}, u"CARATTERE"_s, GetDecSep()));
 
@@ -65,6 +68,7 @@ CommandLine ParseCommandLine(const QStringList& arguments)
     line.help = parser.isSet(u"help"_s);
     line.version = parser.isSet(u"version"_s);
     line.english = parser.value(language) == "en"_L1;
+    line.chartDir = parser.value(chart);
     line.rewriteDir = parser.value(rewrite);
     line.decSep = parser.value(decimal);
     line.paths = parser.positionalArguments();
@@ -73,8 +77,10 @@ CommandLine ParseCommandLine(const QStringList& arguments)
         CheckValue(line, language, parser.value(language), {u"it"_s, u"en"_s});
     if (parser.isSet(decimal))
         CheckValue(line, decimal, line.decSep, {u"."_s, u","_s});
-    if (parser.isSet(rewrite) && line.rewriteDir.isEmpty())
-        line.error = u"l'opzione --rewrite vuole una cartella"_s;
+    for (const QString& folder : {chart, rewrite}) {
+        if (parser.isSet(folder) && parser.value(folder).isEmpty())
+            line.error = u"l'opzione --%1 vuole una cartella"_s.arg(folder);
+    }
     if (line.error.isEmpty() && !line.help && !line.version && line.paths.isEmpty())
         line.error = u"manca il file o la cartella da elaborare"_s;
     return line;

@@ -10,6 +10,7 @@ struct CommandLine {
     bool help = false;
     bool version = false;
     bool english = true; ///< language of reports and charts
+    QString chartDir;    ///< empty: charts are not written
     QString rewriteDir;  ///< empty: documents are not saved again
     QString decSep;      ///< the separator that numbers show
     QStringList paths;   ///< files and folders as given

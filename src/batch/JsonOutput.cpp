@@ -71,6 +71,21 @@ void WriteGrid(JsonWriter& json, const DataGrid& grid)
     json.EndList();
 }
 
+void WriteVerdict(JsonWriter& json, const TestDocument& document)
+{
+    const auto verdict = document.Verdict();
+    if (!verdict) {
+        json.Null();
+        return;
+    }
+    json.BeginObject();
+    json.Key("it"_L1);
+    json.Text((*verdict)[0]);
+    json.Key("en"_L1);
+    json.Text((*verdict)[1]);
+    json.EndObject();
+}
+
 void WriteResults(JsonWriter& json, const TestDocument& document)
 {
     json.Key("results"_L1);
@@ -94,13 +109,51 @@ void WriteResults(JsonWriter& json, const TestDocument& document)
     WriteTexts(json, document.ConclText(true));
     json.EndObject();
     json.Key("verdict"_L1);
-    json.Null();
+    WriteVerdict(json, document);
     json.Key("values"_L1);
     json.BeginObject();
     for (const auto& [name, value] : document.Values()) {
         json.Key(name);
         json.Number(value);
     }
+    json.EndObject();
+}
+
+/// Null where the chart has no such texts.
+void WriteTextsOrNull(JsonWriter& json, const QStringList& texts)
+{
+    if (texts.isEmpty())
+        json.Null();
+    else
+        WriteTexts(json, texts);
+}
+
+void WriteChart(JsonWriter& json, const ChartData& chart)
+{
+    json.BeginObject();
+    json.Key("name"_L1);
+    json.Text(chart.name);
+    json.Key("title"_L1);
+    json.Text(chart.title);
+    json.Key("footnote"_L1);
+    json.Text(chart.footnote);
+    json.Key("xTitle"_L1);
+    json.Text(chart.x.title);
+    json.Key("yTitle"_L1);
+    json.Text(chart.y.title);
+    json.Key("seriesNames"_L1);
+    WriteTextsOrNull(json, chart.seriesNames);
+    json.Key("rowLabels"_L1);
+    WriteTextsOrNull(json, chart.rowLabels);
+    json.Key("data"_L1);
+    json.BeginList();
+    for (const auto& row : chart.rows) {
+        json.BeginList();
+        for (const double value : row)
+            json.Number(value);
+        json.EndList();
+    }
+    json.EndList();
     json.EndObject();
 }
 
@@ -163,6 +216,9 @@ QByteArray JsonLine(const BatchResult& result, bool chartData)
     if (chartData) {
         json.Key("charts"_L1);
         json.BeginList();
+        for (const ChartData* chart :
+             result.outcome.calculated ? document.Charts() : std::vector<const ChartData*>())
+            WriteChart(json, *chart);
         json.EndList();
     }
     json.EndObject();

@@ -23,3 +23,33 @@ public:
     /// Asks for a folder, beginning at the one given: its path without a closing separator, or an empty one.
     virtual QString BrowseFolder(const QString& title, const QString& folder) = 0;
 };
+
+/// While it lives, the dialog may be used for other files than documents: it gets its settings back, and with
+/// them the name of the documents.
+class KeepDialog
+{
+public:
+    explicit KeepDialog(CommonDialog& dialog)
+        : m_dialog(dialog),
+          m_fileName(dialog.FileName),
+          m_initDir(dialog.InitDir),
+          m_defaultExt(dialog.DefaultExt),
+          m_filter(dialog.Filter)
+    {
+    }
+    ~KeepDialog()
+    {
+        m_dialog.FileName = m_fileName;
+        m_dialog.InitDir = m_initDir;
+        m_dialog.DefaultExt = m_defaultExt;
+        m_dialog.Filter = m_filter;
+    }
+    Q_DISABLE_COPY_MOVE(KeepDialog)
+
+private:
+    CommonDialog& m_dialog;
+    QString m_fileName;
+    QString m_initDir;
+    QString m_defaultExt;
+    QString m_filter;
+};

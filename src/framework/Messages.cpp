@@ -1,5 +1,11 @@
 #include "framework/Messages.h"
 
+void ShowStatisticsFailure(Messages& messages, const QString& what)
+{
+    messages.Show(MessageIcon::Critical, QStringLiteral("Errore"),
+                  what + QStringLiteral("\nControllare i dati"));
+}
+
 QString FailureMessage(const RuntimeFailure& failure)
 {
     return QStringLiteral("Errore di run-time '%1': %2")

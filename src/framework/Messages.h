@@ -16,9 +16,14 @@ class Messages
 public:
     virtual ~Messages() = default;
     virtual void Show(MessageIcon icon, const QString& title, const QString& text) = 0;
+    /// The machine's sound, where it has one.
+    virtual void Beep() {}
     /// A question with yes, no and cancel.
     virtual Answer Ask(MessageIcon icon, const QString& title, const QString& text) = 0;
 };
+
+/// What the statistics say when a probability can't be had: their boxes have a title of their own.
+void ShowStatisticsFailure(Messages& messages, const QString& what);
 
 /// "Errore di run-time '13': Tipo non corrispondente"
 QString FailureMessage(const RuntimeFailure& failure);

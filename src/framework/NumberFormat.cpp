@@ -261,6 +261,21 @@ double RoundToDecimals(double value, int decimals)
     return rounded;
 }
 
+double RoundToSignificant(double value, int digits)
+{
+    char text[32];
+    const auto end = std::to_chars(text, text + sizeof text, value, std::chars_format::scientific,
+                                   std::min(digits, kSignificant) - 1);
+    double rounded = 0;
+    std::from_chars(text, end.ptr, rounded);
+    return rounded;
+}
+
+double GeneralValue(double value)
+{
+    return RoundToSignificant(value, kSignificant);
+}
+
 QString GeneralText(double value, QStringView decSep)
 {
     const Decimal decimal = ToDecimal(value);

@@ -35,6 +35,12 @@ QByteArray PointText(double value, int decimals);
 /// The number that value shown with the given count of decimals reads back to.
 double RoundToDecimals(double value, int decimals);
 
+/// value at so many significant digits, at most 15.
+double RoundToSignificant(double value, int digits);
+
+/// The number that value in the general form reads back to: 15 significant digits.
+double GeneralValue(double value);
+
 /// value in the general form: 15 significant digits at most, no trailing zeros, an exponent (E+15, E-05) only
 /// from 1e15 on and below 1e-4.
 QString GeneralText(double value, QStringView decSep);

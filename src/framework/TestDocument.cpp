@@ -98,6 +98,18 @@ bool TestDocument::ControlVisible(QAnyStringView /*control*/) const
     return true;
 }
 
+QString TestDocument::ChartFootnote(int language) const
+{
+    static const std::array kEnglish = {u"Analytical method"_s, u"Analyte"_s, u"Sample"_s,
+                                        u"Measure unit of the analyte concentration"_s};
+    QStringList lines;
+    for (int i = 0; i < InputCount(); ++i) {
+        const QString label = language == 0 ? InputCaption(i) : kEnglish[static_cast<std::size_t>(i)];
+        lines += label + u": "_s + TrimBlanks(InputData(i));
+    }
+    return lines.join(u"\r\n"_s);
+}
+
 QString TestDocument::Shown(double value) const
 {
     return FormatNumber(value, m_context.define.NumFormat, m_context.define.DecSep);
@@ -134,6 +146,7 @@ void TestDocument::ResetDocument()
     {
         const DataGrid::Redraw redraw(m_grid);
         ResetSizes();
+        m_grid.UnlockAll();
         m_grid.Clear();
         SetGridNumFormat(DefaultDigits());
     }

@@ -2,6 +2,7 @@
 // and the way from a data file and back. A document knows no window; window, report and companion ask it.
 #pragma once
 
+#include "framework/ChartData.h"
 #include "framework/CommonDialog.h"
 #include "framework/DataFileReader.h"
 #include "framework/DataFileWriter.h"
@@ -106,6 +107,13 @@ public:
     const QString& Conclusions() const { return m_conclusions; }
     /// The conclusions of the last calculation, which a reset leaves as they are.
     virtual QStringList ConclText(bool english) const = 0;
+    /// The verdict of the last calculation, Italian and English, in tests that give one; empty texts before
+    /// it.
+    virtual std::optional<std::array<QString, 2>> Verdict() const { return std::nullopt; }
+    /// The charts of the last calculation; one without data before it.
+    virtual std::vector<const ChartData*> Charts() const { return {}; }
+    /// The texts of the charts become Italian (0) or English (1).
+    virtual void SetLanGraf(int /*language*/) {}
     /// The numbers of the last calculation that came to its end since the last reset.
     virtual std::vector<NamedValue> Values() const = 0;
 
@@ -134,6 +142,8 @@ Q_SIGNALS:
     void Changed();
     /// A calculation has set all its results.
     void Calculated();
+    /// A chart shows something else now.
+    void ChartsChanged();
     /// The window's mouse pointer becomes the hourglass, or the default again.
     void Pointer(bool hourglass);
 
@@ -146,6 +156,8 @@ protected:
     virtual void ReadLines(DataFileReader& reader) = 0;
     virtual void WriteLines(DataFileWriter& writer) const = 0;
 
+    /// The footnote of the charts: the header fields, each with its label, one a line.
+    QString ChartFootnote(int language) const;
     void SetControlText(QLatin1StringView control, const QString& text);
     void SetConclusions(const QString& text) { m_conclusions = text; }
     /// value in the global NumFormat.

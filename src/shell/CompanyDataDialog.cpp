@@ -10,7 +10,6 @@
 #include <QImageReader>
 #include <QLabel>
 #include <QRadioButton>
-#include <QScopeGuard>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
@@ -128,13 +127,7 @@ void CompanyDataDialog::ChooseLogo()
 {
     // The dialog is the one that holds the name of the documents: it gets that back.
     CommonDialog& dialog = m_context.dialog;
-    const auto giveBack = qScopeGuard([&dialog, name = dialog.FileName, folder = dialog.InitDir,
-                                       extension = dialog.DefaultExt, filter = dialog.Filter] {
-        dialog.FileName = name;
-        dialog.InitDir = folder;
-        dialog.DefaultExt = extension;
-        dialog.Filter = filter;
-    });
+    const KeepDialog keep(dialog);
     dialog.InitDir = m_context.define.OpenSaveFolder;
     dialog.DefaultExt = u"BMP"_s;
     dialog.Filter = u"Immagini BMP, GIF, PCX, WMF, JPEG|*.BMP;*.GIF;*.PCX;*.WMF;*.JPG;*.JPEG"_s;

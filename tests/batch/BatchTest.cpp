@@ -36,7 +36,7 @@ Run RunWith(const QStringList& arguments)
     err.open(QIODevice::WriteOnly);
     Run run;
     run.status = RunBatch(QStringList{u"--decimal"_s, u"."_s} + arguments,
-                          {.out = out, .err = err, .dbFile = {}, .version = u"1.2"_s});
+                          {.out = out, .err = err, .programFolder = {}, .version = u"1.2"_s});
     run.out = out.data();
     run.err = QString::fromUtf8(err.data());
     return run;

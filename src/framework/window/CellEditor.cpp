@@ -42,6 +42,14 @@ QWidget* CellEditor::createEditor(QWidget* parent, const QStyleOptionViewItem& /
     return field;
 }
 
+/// Locked cells look like what is around the grid.
+void CellEditor::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const
+{
+    QStyledItemDelegate::initStyleOption(option, index);
+    if (!index.flags().testFlag(Qt::ItemIsEditable))
+        option->backgroundBrush = option->palette.window();
+}
+
 void CellEditor::setModelData(QWidget* editor, QAbstractItemModel* model, const QModelIndex& index) const
 {
     const QString text = qobject_cast<QLineEdit*>(editor)->text();

@@ -2,6 +2,7 @@
 
 #include "framework/window/Forms.h"
 
+#include <QApplication>
 #include <QMessageBox>
 
 using namespace Qt::StringLiterals;
@@ -39,6 +40,11 @@ void MessageBoxes::Show(MessageIcon icon, const QString& title, const QString& t
     QMessageBox box(BoxIcon(icon), title, {}, QMessageBox::Ok, DialogParent(m_parent));
     Prepare(box, text);
     box.exec();
+}
+
+void MessageBoxes::Beep()
+{
+    QApplication::beep();
 }
 
 Answer MessageBoxes::Ask(MessageIcon icon, const QString& title, const QString& text)

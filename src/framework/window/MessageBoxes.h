@@ -13,6 +13,7 @@ public:
     void SetParent(QWidget* parent) { m_parent = parent; }
 
     void Show(MessageIcon icon, const QString& title, const QString& text) override;
+    void Beep() override;
     Answer Ask(MessageIcon icon, const QString& title, const QString& text) override;
 
 private:

@@ -1,5 +1,6 @@
 #include "framework/window/TestWindow.h"
 
+#include "framework/window/ChartView.h"
 #include "framework/window/EditCommands.h"
 #include "framework/window/Forms.h"
 #include "framework/window/Furnishings.h"
@@ -9,7 +10,9 @@
 #include <QAbstractButton>
 #include <QClipboard>
 #include <QCloseEvent>
+#include <QGridLayout>
 #include <QGuiApplication>
+#include <QHBoxLayout>
 #include <QScrollArea>
 #include <QVBoxLayout>
 
@@ -188,6 +191,73 @@ void TestWindow::AddPage(QWidget* page, const QString& caption)
     area->setFrameShape(QFrame::NoFrame);
     area->setFocusPolicy(Qt::NoFocus);
     m_tabs->addTab(area, caption);
+}
+
+void TestWindow::AddChartPages()
+{
+    for (const ChartData* chart : m_document->Charts()) {
+        auto* view = new ChartView(*chart, u"Grafico"_s, m_document->Context());
+        connect(m_document.get(), &TestDocument::ChartsChanged, view, &ChartView::ShowChart);
+        AddPage(view, u"Grafico"_s);
+    }
+}
+
+QWidget* TestWindow::InfoPage(const QString& labelName, const QString& conclusionsFrame)
+{
+    auto* page = new QWidget;
+    QGroupBox* conclusions = m_fields->ConclusionsFrame(conclusionsFrame);
+    m_descriptions->Describe(conclusions, m_document->Context().define.DescConcl);
+    auto* layout = new QVBoxLayout(page);
+    layout->addWidget(m_fields->HeaderFields(labelName));
+    layout->addWidget(conclusions, 1);
+    return page;
+}
+
+QWidget* TestWindow::TwoSides(const QList<QWidget*>& left, const QList<QWidget*>& right)
+{
+    auto* page = new QWidget;
+    auto* sides = new QHBoxLayout(page);
+    for (const QList<QWidget*>& frames : {left, right}) {
+        auto* side = new QVBoxLayout;
+        for (QWidget* frame : frames)
+            side->addWidget(frame, &frames == &left && frame == frames.constLast() ? 1 : 0);
+        sides->addLayout(side, 1);
+    }
+    qobject_cast<QVBoxLayout*>(sides->itemAt(1)->layout())->addStretch(1);
+    return page;
+}
+
+QGroupBox* TestWindow::CountFrame(const QString& name, const QString& title, const CountField& field)
+{
+    QGroupBox* box = WindowFields::FrameBox(name, title);
+    m_descriptions->Describe(box, {});
+    QLineEdit* edit = m_fields->SizeEdit(field.control);
+    QLabel* caption = WindowFields::FixedLabel(field.captionName, field.caption);
+    caption->setWordWrap(true);
+    caption->setBuddy(edit);
+    auto* layout = new QGridLayout(box);
+    layout->addWidget(caption, 0, 0);
+    layout->addWidget(edit, 0, 1);
+    layout->addWidget(WindowFields::FixedLabel(field.minimumName, field.minimum), 0, 2);
+    layout->setColumnStretch(0, 1);
+    return box;
+}
+
+QGroupBox* TestWindow::GridFrame(const QString& name, const QString& title)
+{
+    QGroupBox* box = WindowFields::FrameBox(name, title);
+    GridView* grid = Grid(m_document->Grid(), u"GridData"_s, title);
+    grid->SetCorner(u"Dati"_s);
+    auto* layout = new QVBoxLayout(box);
+    layout->addWidget(grid);
+    return box;
+}
+
+QGroupBox* TestWindow::ResultBox(const QString& name)
+{
+    QGroupBox* box = WindowFields::FrameBox(name, u"Risultato dell'elaborazione"_s);
+    m_descriptions->Describe(box, m_document->Context().define.DescResults);
+    return box;
 }
 
 void TestWindow::Finish()

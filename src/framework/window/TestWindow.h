@@ -18,6 +18,15 @@
 #include <functional>
 #include <memory>
 
+/// A field that sizes the grid, with what stands beside it.
+struct CountField {
+    QLatin1StringView control;
+    QString captionName;
+    QString caption;
+    QString minimumName;
+    QString minimum;
+};
+
 class TestWindow : public QWidget
 {
     Q_OBJECT
@@ -34,10 +43,24 @@ public:
 
 protected:
     WindowFields& Fields() { return *m_fields; }
-    Descriptions& Texts() { return *m_descriptions; }
     /// A view of a grid, with the popup of the menu Modifica and the description of grids.
     GridView* Grid(DataGrid& grid, const QString& name, const QString& caption);
+
+    // The pages and what stands on them.
     void AddPage(QWidget* page, const QString& caption);
+    /// A page for each chart of the document.
+    void AddChartPages();
+    /// Header fields and conclusions.
+    QWidget* InfoPage(const QString& labelName, const QString& conclusionsFrame);
+    /// Frames one below the other, on the left and on the right; the last on the left takes the room that is
+    /// left.
+    static QWidget* TwoSides(const QList<QWidget*>& left, const QList<QWidget*>& right);
+    /// A frame with a field that sizes the grid, in the first row of a grid layout of three columns.
+    QGroupBox* CountFrame(const QString& name, const QString& title, const CountField& field);
+    /// A frame with the document's grid.
+    QGroupBox* GridFrame(const QString& name, const QString& title);
+    /// The frame of the results, still without them.
+    QGroupBox* ResultBox(const QString& name);
     /// The pages stand: shows the document, and the first of them.
     void Finish();
     /// Shows what the document holds, everywhere.

@@ -19,6 +19,12 @@ void ShowText(QLineEdit* edit, const QString& text)
         edit->setText(text);
 }
 
+/// Texts end their lines with CR LF, widgets with LF.
+QString OneLineEnd(QString text)
+{
+    return text.replace("\r\n"_L1, "\n"_L1);
+}
+
 } // namespace
 
 WindowFields::WindowFields(TestDocument& document, Guard guard, QObject* parent)
@@ -117,10 +123,10 @@ void WindowFields::Refresh()
     for (QLineEdit* edit : std::as_const(m_sizes))
         ShowText(edit, m_document.ControlText(edit->objectName()));
     for (QLabel* label : std::as_const(m_labels)) {
-        label->setText(m_document.ControlText(label->objectName()));
+        label->setText(OneLineEnd(m_document.ControlText(label->objectName())));
         label->setVisible(m_document.ControlVisible(label->objectName()));
     }
-    const QString conclusions = QString(m_document.Conclusions()).replace("\r\n"_L1, "\n"_L1);
+    const QString conclusions = OneLineEnd(m_document.Conclusions());
     if (m_conclusions->toPlainText() != conclusions)
         m_conclusions->setPlainText(conclusions);
 }

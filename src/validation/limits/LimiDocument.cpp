@@ -8,13 +8,11 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-constexpr auto kNDet = "nDet"_L1;
 constexpr auto kStDev = "StDev"_L1;
 constexpr auto kLimRil = "LimRil"_L1;
 constexpr auto kLimDet = "LimDet"_L1;
 constexpr auto kLabelRil = "LabelRil"_L1;
 
-constexpr int kFieldsInRow = 2;
 constexpr int kHeaderLines = 7;
 
 // Places of the header lines behind the four header fields.
@@ -45,7 +43,7 @@ std::array<QString, 4> Templates()
 
 } // namespace
 
-LimiDocument::LimiDocument(const DocumentContext& context) : TestDocument(u"LIMI", context)
+LimiDocument::LimiDocument(const DocumentContext& context) : ColumnDocument("LIMI", context, 5, u"10"_s)
 {
     NewDocument();
 }
@@ -53,12 +51,6 @@ LimiDocument::LimiDocument(const DocumentContext& context) : TestDocument(u"LIMI
 QString LimiDocument::OptionCaption(int option)
 {
     return option == 0 ? u"Limite di rilevazione"_s : u"Limite di determinazione"_s;
-}
-
-std::span<const SizeField> LimiDocument::SizeFields() const
-{
-    static const std::array kFields = {SizeField{.control = kNDet, .minimum = 5, .fallback = u"10"_s}};
-    return kFields;
 }
 
 std::span<const ResultField> LimiDocument::ResultFields() const
@@ -110,22 +102,10 @@ void LimiDocument::ChooseOption(int option)
     Q_EMIT Changed();
 }
 
-void LimiDocument::ResizeLimiGrid()
-{
-    DataGrid& grid = Grid();
-    const DataGrid::Redraw redraw(grid);
-    grid.SetSize(CountIn(ControlText(kNDet)), 1);
-    grid.SetColumnHeader(0, u"Risultati"_s);
-    grid.FillEmptyWithZero();
-}
-
 bool LimiDocument::CalcLimi()
 {
     Q_EMIT Pointer(true);
-    std::vector<double> values(static_cast<std::size_t>(std::max<int>(0, CountIn(ControlText(kNDet)))));
-    for (std::size_t row = 0; row < values.size(); ++row)
-        values[row] = Grid().TextNumber(static_cast<int>(row), 0);
-    const auto results = CalcLimits(values);
+    const auto results = CalcLimits(Results());
     // Deliberate: a sum of 0 stops here without a word and with the hourglass on, which the menu's handler
     // takes back and the toolbar's does not.
     if (!results)
@@ -149,9 +129,8 @@ bool LimiDocument::CalcLimi()
 
 void LimiDocument::ResetSizes()
 {
-    SetControlText(kNDet, SizeFields().front().fallback);
+    ColumnDocument::ResetSizes();
     SelectOption(0);
-    Grid().SetSize(CountIn(ControlText(kNDet)), 1);
 }
 
 void LimiDocument::ResetResults()
@@ -175,9 +154,7 @@ void LimiDocument::ReadLines(DataFileReader& reader)
         SelectOption(1);
     else
         SelectOption(std::nullopt);
-    Grid().SetSize(CountIn(nDet), 1);
-    for (int row = 0; row < Grid().Rows(); ++row)
-        ReadRow(reader, Grid(), row, kFieldsInRow);
+    ReadResults(reader, nDet);
     SetGridNumFormat(head.digits);
 }
 

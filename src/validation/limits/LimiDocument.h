@@ -1,14 +1,14 @@
 // The document of the test of the detection and quantitation limits, key LIMI, files *.LIM.
 #pragma once
 
-#include "framework/TestDocument.h"
+#include "framework/ColumnDocument.h"
 #include "validation/limits/LimiCalc.h"
 
 #include <QStringList>
 
 #include <optional>
 
-class LimiDocument final : public TestDocument
+class LimiDocument final : public ColumnDocument
 {
     Q_OBJECT
 
@@ -23,21 +23,18 @@ public:
     void ChooseOption(int option);
 
     void ResetLimi() { ResetDocument(); }
-    void ResizeLimiGrid();
+    void ResizeLimiGrid() { ResizeGrid(); }
     bool CalcLimi();
     void ReadLimiFromFile(const QString& fileName) { ReadFromFile(fileName); }
     void WriLimiToFile(const QString& fileName) { WriteToFile(fileName); }
 
-    std::span<const SizeField> SizeFields() const override;
     bool ControlVisible(QAnyStringView control) const override;
     std::span<const ResultField> ResultFields() const override;
     QStringList ConclText(bool english) const override;
     std::vector<NamedValue> Values() const override;
-    void ResizeGrid() override { ResizeLimiGrid(); }
     bool Calc() override { return CalcLimi(); }
 
 protected:
-    Digits DefaultDigits() const override { return {.interi = 3, .decimali = 3}; }
     void ResetSizes() override;
     void ResetResults() override;
     void ReadLines(DataFileReader& reader) override;

@@ -19,9 +19,7 @@ protected:
     void Refresh() override;
 
 private:
-    QWidget* InfoPage();
     QWidget* DataPage();
-    QGroupBox* SizeFrame();
     QGroupBox* ResultFrame();
 
     LimiDocument& m_document;

@@ -33,10 +33,7 @@ void Type(LimiDocument& document, const QStringList& values)
 /// A file with five rows, the given lines from 1 on in place of its own.
 QByteArray FileWith(const QMap<int, QByteArray>& lines)
 {
-    QList<QByteArray> all = BytesOf(DataFile(u"one-to-five.LIM"_s)).split('\n');
-    for (auto line = lines.begin(); line != lines.end(); ++line)
-        all[line.key() - 1] = line.value() + '\r';
-    return all.join('\n');
+    return DataFileWith(u"one-to-five.LIM"_s, lines);
 }
 
 } // namespace
