@@ -50,7 +50,7 @@ bool BlockDrag::eventFilter(QObject* object, QEvent* event)
     }
     const bool mouseEvent = event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseMove ||
                             event->type() == QEvent::MouseButtonRelease;
-    if (object != m_view->viewport() || !mouseEvent)
+    if (!mouseEvent || object != m_view->viewport())
         return false;
     const auto* mouse = static_cast<QMouseEvent*>(event);
     if (event->type() == QEvent::MouseMove)
