@@ -26,7 +26,6 @@ struct ChartAxis {
     QString title;
     std::optional<ChartScale> scale; ///< as the data need it where none is set
     int majorDivisions = 0;          ///< 0: as it looks best
-    int minorDivisions = 0;
     bool visible = true;
 };
 
@@ -37,6 +36,7 @@ struct ChartData {
     QString footnote; ///< lines parted by CR LF
     ChartAxis x;
     ChartAxis y;
+    bool legend = false;
     QStringList seriesNames; ///< where the chart names its series
     QStringList rowLabels;   ///< one a row, in high-low charts
     std::vector<std::vector<double>> rows;

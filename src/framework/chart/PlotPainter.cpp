@@ -27,9 +27,6 @@ constexpr double kPdfPoints = 72.0 / kPointsInInch;
 constexpr double kPngScale = 3;
 constexpr int kMargin = 10;
 
-/// As many divisions as an axis has where the chart does not say.
-constexpr int kUsualDivisions = 5;
-
 constexpr double kBarWidth = 0.4;
 /// Above and below what a chart shows, where its scale is free: a tenth of it.
 constexpr double kRoom = 0.1;
@@ -76,11 +73,33 @@ QCPRange RangeOf(const ChartScale& scale)
     return {scale.minimum - around, scale.minimum + around};
 }
 
-/// So many decimals that neighbouring ticks differ clearly.
+/// So many decimals that a label lies within a twentieth of a step of its tick.
 int DecimalsOf(double step)
 {
-    return std::clamp(static_cast<int>(std::ceil(-std::log10(step) + 0.5)), 0, 15);
+    return std::clamp(static_cast<int>(std::ceil(1 - std::log10(step))), 0, 15);
 }
+
+/// Ticks at round numbers, with the decimals that their step has.
+class RoundTicker : public QCPAxisTicker
+{
+protected:
+    double getTickStep(const QCPRange& range) override
+    {
+        const double step = QCPAxisTicker::getTickStep(range);
+        m_decimals = std::clamp(static_cast<int>(std::ceil(-std::log10(step) - 1e-9)), 0, 15);
+        const double inLast = step * std::pow(10, m_decimals);
+        if (std::fabs(inLast - std::round(inLast)) > 1e-6) // 2.5 and its like
+            ++m_decimals;
+        return step;
+    }
+    QString getTickLabel(double tick, const QLocale& locale, QChar, int) override
+    {
+        return locale.toString(tick, 'f', m_decimals);
+    }
+
+private:
+    int m_decimals = 0;
+};
 
 } // namespace
 
@@ -91,6 +110,7 @@ PlotPainter::PlotPainter()
 {
     m_plot->setNoAntialiasingOnDrag(false);
     m_plot->setAntialiasedElements(QCP::aeAll);
+    m_plot->legend->setFont(ChartFont(kNumberPoints));
     m_title->setFont(ChartFont(kTitlePoints, true));
     m_footnote->setFont(ChartFont(kFootnotePoints));
     m_footnote->setTextFlags(Qt::AlignLeft | Qt::AlignTop);
@@ -121,15 +141,24 @@ void PlotPainter::SetChart(const ChartData& chart, const QString& decSep)
     ShowAxis(m_plot->xAxis, chart.x);
     ShowAxis(m_plot->yAxis, chart.y);
     m_plot->axisRect()->axis(QCPAxis::atRight)->setVisible(chart.y.visible);
-    const bool shown = !chart.IsEmpty() && (chart.type == ChartType::HighLow || chart.x.scale);
-    m_plot->axisRect()->setVisible(shown);
-    if (!shown)
+    m_plot->axisRect()->setVisible(HasExtent());
+    m_plot->legend->setVisible(chart.legend && HasExtent());
+    if (!HasExtent())
         return;
     if (chart.type == ChartType::HighLow)
         AddBars();
     else
         AddCurves();
     ShowAll();
+}
+
+/// A chart of nothing but one point, many times, has its titles alone to show.
+bool PlotPainter::HasExtent() const
+{
+    const auto& rows = m_chart.rows;
+    if (m_chart.type == ChartType::HighLow || m_chart.x.scale)
+        return !rows.empty();
+    return std::ranges::any_of(rows, [&rows](const auto& row) { return row != rows.front(); });
 }
 
 void PlotPainter::ShowAxis(QCPAxis* axis, const ChartAxis& data) const
@@ -158,24 +187,38 @@ void PlotPainter::AddCurves()
 /// A bar from the lowest to the highest number, and a line at the mean.
 void PlotPainter::AddBars()
 {
-    const QSharedPointer<QCPAxisTickerText> labels(new QCPAxisTickerText);
     for (std::size_t i = 0; i < m_chart.rows.size(); ++i) {
         const auto& row = m_chart.rows[i];
         const double place = static_cast<double>(i) + 1;
-        labels->addTick(place, m_chart.rowLabels.value(static_cast<qsizetype>(i)));
         auto* bar = new QCPBars(m_plot->xAxis, m_plot->yAxis);
         bar->setWidth(kBarWidth);
         bar->setBaseValue(row[1]);
         bar->addData(place, row[0] - row[1]);
+        bar->setName(m_chart.rowLabels.value(static_cast<qsizetype>(i)));
         bar->setPen(QPen(QColor(LookOf(i).color), 1.5));
         bar->setBrush(QBrush(QColor(LookOf(i).color), LookOf(i).fill));
         auto* mean = new QCPCurve(m_plot->xAxis, m_plot->yAxis);
         mean->addData(0, place - kBarWidth / 2, row[2]);
         mean->addData(1, place + kBarWidth / 2, row[2]);
         mean->setPen(QPen(Qt::black, 2.5));
+        mean->removeFromLegend();
     }
-    m_plot->xAxis->setTicker(labels);
+}
+
+void PlotPainter::ShowRoundTicks(QCPAxis* axis) const
+{
+    axis->setTicker(QSharedPointer<QCPAxisTicker>(new RoundTicker));
+    axis->setSubTicks(true);
+}
+
+void PlotPainter::ShowGroups()
+{
+    const QSharedPointer<QCPAxisTickerText> ticker(new QCPAxisTickerText);
+    for (qsizetype i = 0; i < m_chart.rowLabels.size(); ++i)
+        ticker->addTick(static_cast<double>(i) + 1, m_chart.rowLabels[i]);
+    m_plot->xAxis->setTicker(ticker);
     m_plot->xAxis->setSubTicks(false);
+    m_plot->xAxis->setRange(0.5, static_cast<double>(m_chart.rows.size()) + 0.5);
 }
 
 /// The divisions hold while all of the chart is in view.
@@ -183,11 +226,11 @@ void PlotPainter::SetRange(QCPAxis* axis, const ChartScale& scale, int majorDivi
 {
     const QCPRange range = RangeOf(scale);
     axis->setRange(range);
-    const int decimals = DecimalsOf(range.size() / (majorDivisions > 0 ? majorDivisions : kUsualDivisions));
-    axis->setNumberFormat(u"f"_s);
-    axis->setNumberPrecision(decimals);
-    if (majorDivisions == 0)
+    if (majorDivisions == 0) {
+        ShowRoundTicks(axis);
         return;
+    }
+    const int decimals = DecimalsOf(range.size() / majorDivisions);
     // Ticks by their numbers: counted in steps, the outer ones could fall beside the ends by rounding.
     const QSharedPointer<QCPAxisTickerText> ticker(new QCPAxisTickerText);
     for (int i = 0; i <= majorDivisions; ++i) {
@@ -198,23 +241,31 @@ void PlotPainter::SetRange(QCPAxis* axis, const ChartScale& scale, int majorDivi
     axis->setSubTicks(false);
 }
 
+/// What the numbers of every so manyth column span, with some room around.
+ChartScale PlotPainter::SpanOf(std::size_t firstCol, std::size_t step) const
+{
+    ChartScale span{.minimum = m_chart.rows.front()[firstCol], .maximum = m_chart.rows.front()[firstCol]};
+    for (const auto& row : m_chart.rows) {
+        for (std::size_t col = firstCol; col < row.size(); col += step) {
+            span.minimum = std::min(span.minimum, row[col]);
+            span.maximum = std::max(span.maximum, row[col]);
+        }
+    }
+    const double room = (span.maximum - span.minimum) * kRoom;
+    return {.minimum = span.minimum - room, .maximum = span.maximum + room};
+}
+
 void PlotPainter::ShowAll()
 {
-    if (m_chart.type == ChartType::HighLow) {
-        double lowest = m_chart.rows.front()[1];
-        double highest = m_chart.rows.front()[0];
-        for (const auto& row : m_chart.rows) {
-            const auto [low, high] = std::ranges::minmax(row);
-            lowest = std::min(lowest, low);
-            highest = std::max(highest, high);
-        }
-        const double room = (highest - lowest) * kRoom;
-        SetRange(m_plot->yAxis, m_chart.y.scale.value_or(ChartScale{lowest - room, highest + room}), 0);
-        SetRange(m_plot->xAxis, {0.5, static_cast<double>(m_chart.rows.size()) + 0.5}, 0);
+    if (!HasExtent())
         return;
-    }
-    SetRange(m_plot->xAxis, *m_chart.x.scale, m_chart.x.majorDivisions);
-    SetRange(m_plot->yAxis, m_chart.y.scale.value_or(ChartScale{0, 1}), m_chart.y.majorDivisions);
+    const bool bars = m_chart.type == ChartType::HighLow;
+    if (bars)
+        ShowGroups();
+    else
+        SetRange(m_plot->xAxis, m_chart.x.scale.value_or(SpanOf(0, 2)), m_chart.x.majorDivisions);
+    SetRange(m_plot->yAxis, m_chart.y.scale.value_or(bars ? SpanOf(0, 1) : SpanOf(1, 2)),
+             m_chart.y.majorDivisions);
 }
 
 /// Lines that are too long for the chart end in an ellipsis.
@@ -306,8 +357,7 @@ void PlotPainter::Zoom(const QPointF& at, double factor)
     if (m_chart.type == ChartType::HighLow) // the groups stay in view
         return;
     m_plot->xAxis->scaleRange(factor, values->x());
-    m_plot->xAxis->setTicker(QSharedPointer<QCPAxisTicker>(new QCPAxisTicker));
-    m_plot->xAxis->setNumberPrecision(DecimalsOf(m_plot->xAxis->range().size() / kUsualDivisions));
+    ShowRoundTicks(m_plot->xAxis);
 }
 
 void PlotPainter::Drag(const QPointF& by)

@@ -25,9 +25,13 @@ public:
     std::optional<QPointF> ValuesAt(const QPointF& at) const override;
 
 private:
+    bool HasExtent() const;
+    ChartScale SpanOf(std::size_t firstCol, std::size_t step) const;
     void AddCurves();
     void AddBars();
     void ShowAxis(QCPAxis* axis, const ChartAxis& data) const;
+    void ShowRoundTicks(QCPAxis* axis) const;
+    void ShowGroups();
     void SetRange(QCPAxis* axis, const ChartScale& scale, int majorDivisions) const;
     void FitFootnote(int width);
     void PaintOn(QPaintDevice& device, const QSize& size, bool vectors);

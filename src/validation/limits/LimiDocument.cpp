@@ -30,15 +30,13 @@ std::array<QString, 4> Templates()
 {
     return {
         u"LIMITE DI RILEVAZIONE\r\nLa più piccola concentrazione ( #1# ) dell'analita che può essere "
-        u"distinta "
-        "dal bianco con il 95% di probabilità è pari a :\r\n\r\n#2#"_s,
+        "distinta dal bianco con il 95% di probabilità è pari a :\r\n\r\n#2#"_s,
         u"LIMITE DI DETERMINAZIONE\r\nLa più piccola concentrazione ( #1# ) dell'analita determinabile con "
         "accettabile precisione e accuratezza è pari a :\r\n\r\n#3#"_s,
         u"DETECTION LIMIT\r\nThe smallest concentration ( #1# ) of the analyte that it can be distinguished "
         "from the white reference with probability of 95% is :\r\n\r\n#2#"_s,
         u"QUANTITATION LIMIT\r\nThe smallest concentration ( #1# ) of the analyte determinable with "
-        u"acceptable "
-        "precision and accuracy is :\r\n\r\n#3#"_s};
+        "acceptable precision and accuracy is :\r\n\r\n#3#"_s};
 }
 
 } // namespace

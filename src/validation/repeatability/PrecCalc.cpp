@@ -33,15 +33,17 @@ std::optional<PrecResults> CalcRepeatability(std::span<const double> values)
                        .percent = limits.percent};
 }
 
-std::vector<std::vector<double>> PrecisionCurve(double mean, double s, double shownS)
+PrecCurve PrecisionCurve(double mean, double s, double shownS)
 {
     const Real span = Real(shownS) * kCurveSpan;
     const Real step = span / kCurvePoints;
+    const Real first = Real(mean) - span / 2.0;
     const Real last = Real(mean) + span / 2.0;
-    std::vector<std::vector<double>> points;
-    points.reserve(kCurvePoints);
+    PrecCurve curve{
+        .first = first.Value(), .last = last.Value(), .peak = DensGauss(mean, mean, s), .points = {}};
+    curve.points.reserve(kCurvePoints);
     // Each x is the one before and a step; a span of 0 gives the same point all along.
-    for (Real x = Real(mean) - span / 2.0; points.size() < kCurvePoints && x <= last; x += step)
-        points.push_back({x.Value(), DensGauss(x.Value(), mean, s)});
-    return points;
+    for (Real x = first; curve.points.size() < kCurvePoints && x <= last; x += step)
+        curve.points.push_back({x.Value(), DensGauss(x.Value(), mean, s)});
+    return curve;
 }

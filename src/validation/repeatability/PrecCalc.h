@@ -24,6 +24,14 @@ struct PrecResults {
 /// Fails: DivisionByZero for one value, Overflow.
 std::optional<PrecResults> CalcRepeatability(std::span<const double> values);
 
-/// The points of the normal curve, x and density, from 4 shownS below the mean up; up to 1000 of them.
-/// shownS: the standard deviation as it is shown, which spans the curve; s: the true one, which shapes it.
-std::vector<std::vector<double>> PrecisionCurve(double mean, double s, double shownS);
+/// The normal curve of the results. x in their unit, density in its inverse.
+struct PrecCurve {
+    double first = 0; ///< the ends of the x axis
+    double last = 0;
+    double peak = 0;                         ///< the density at the mean
+    std::vector<std::vector<double>> points; ///< x and density; up to 1000
+};
+
+/// From 4 shownS below the mean to 4 above. shownS: the standard deviation as it is shown, which spans the
+/// curve; s: the true one, which shapes it. Fails: Overflow.
+PrecCurve PrecisionCurve(double mean, double s, double shownS);

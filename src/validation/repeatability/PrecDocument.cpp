@@ -17,8 +17,8 @@ constexpr int kLineNDet = 5;
 /// The tail probability of the confidence limits, shown beside them.
 constexpr double kP = 0.05;
 
+/// One minor division in each: no marks between.
 constexpr int kMajorDivisions = 4;
-constexpr int kMinorDivisions = 1;
 
 QString Heading(bool english)
 {
@@ -32,16 +32,13 @@ QString Template(bool english)
 {
     return english
                ? u"The precision of the medium analytical content estimated from an analyst with #1# "
-                 u"replications "
-                 "of the analysis expressed in precision percentage P% = (CV * t / Sqr(n)) as statistical "
-                 "probability of 95% is :\r\n\r\nP% = ± #2#\r\n\r\nThe standard deviation of the measures is "
-                 "equal "
-                 "to: #3#"_s
+                 "replications of the analysis expressed in precision percentage P% = (CV * t / Sqr(n)) as "
+                 "statistical probability of 95% is :\r\n\r\nP% = ± #2#\r\n\r\n"
+                 "The standard deviation of the measures is equal to: #3#"_s
                : u"La precisione del contenuto analitico medio valutato da un analista con #1# replicazioni "
                  "dell'analisi espressa in precisione percentuale P% = (CV * t / Sqr(n)) con una probabilità "
-                 "statistica del 95% è :\r\n\r\nP% = ± #2#\r\n\r\nLa deviazione standard delle misure "
-                 "effettuate è "
-                 "pari a: #3#"_s;
+                 "statistica del 95% è :\r\n\r\nP% = ± #2#\r\n\r\n"
+                 "La deviazione standard delle misure effettuate è pari a: #3#"_s;
 }
 
 } // namespace
@@ -130,17 +127,16 @@ void PrecDocument::FillChart(const PrecResults& results)
     }
     // Deliberate: the curve spans the standard deviation that is shown, which may even read back as 0.
     const double shownS = TextToDouble(ControlText("StDev"_L1), Context().define.DecSep);
-    m_chart.rows = PrecisionCurve(results.mean, results.s, shownS);
+    const PrecCurve curve = PrecisionCurve(results.mean, results.s, shownS);
+    m_chart.rows = curve.points;
     for (auto& row : m_chart.rows) {
         for (double& value : row)
             value = GeneralValue(value);
     }
-    m_chart.y.scale = ChartScale{.minimum = 0, .maximum = DensGauss(results.mean, results.mean, results.s)};
+    m_chart.y.scale = ChartScale{.minimum = 0, .maximum = curve.peak};
     m_chart.y.visible = false;
-    const double half = shownS * 8 / 2;
-    m_chart.x.scale = ChartScale{.minimum = results.mean - half, .maximum = results.mean + half};
+    m_chart.x.scale = ChartScale{.minimum = curve.first, .maximum = curve.last};
     m_chart.x.majorDivisions = kMajorDivisions;
-    m_chart.x.minorDivisions = kMinorDivisions;
     SetLanGraf(0);
 }
 

@@ -29,31 +29,26 @@ QString Heading(bool english)
 /// #1# and #2# the sizes of the groups. The wording of all texts is the required one.
 QString NotDeterminableTemplate(bool english)
 {
-    return english ? u"The variances of the two groups of data are significant different.\r\nGiven the high "
-                     u"dispersion "
-                     "of the results, with this numerosity of the data (#1# for the group A e #2# for the "
-                     "group B) it "
-                     "is not possible to establish statistically (P = 95%) one difference between the two "
-                     "groups.\r\n"
-                     "Specificity statistically not determinable."_s
-                   : u"Le varianze dei due gruppi di dati sono significativamente diverse.\r\nData l'elevata "
-                     u"dispersione "
-                     "dei risultati, con l'attuale numerosità dei dati (#1# per il gruppo A e #2# per il "
-                     "gruppo B) non "
-                     "è possibile stabilire statisticamente (P = 95%) una differenza tra i due "
-                     "gruppi.\r\nSpecificità "
-                     "statisticamente non determinabile."_s;
+    return english
+               ? u"The variances of the two groups of data are significant different.\r\n"
+                 "Given the high dispersion of the results, with this numerosity of the data (#1# for the group "
+                 "A e #2# for the group B) it is not possible to establish statistically (P = 95%) one "
+                 "difference between the two groups.\r\n"
+                 "Specificity statistically not determinable."_s
+               : u"Le varianze dei due gruppi di dati sono significativamente diverse.\r\n"
+                 "Data l'elevata dispersione dei risultati, con l'attuale numerosità dei dati (#1# per il "
+                 "gruppo A e #2# per il gruppo B) non è possibile stabilire statisticamente (P = 95%) una "
+                 "differenza tra i due gruppi.\r\n"
+                 "Specificità statisticamente non determinabile."_s;
 }
 
 /// #1# the method, #2# the negation, #3# the analyte.
 QString DecisionTemplate(bool english)
 {
-    return english
-               ? u"The method #1##2# determine analyte #3# without having the interferences from other known "
-                 "substances presents in the sample."_s
-               : u"Il metodo #1##2# è in grado di determinare l'analita #3# senza subire le interferenze da "
-                 u"parte "
-                 "di altre sostanze note presenti nel campione."_s;
+    return english ? u"The method #1##2# determine analyte #3# without having the interferences from other "
+                     "known substances presents in the sample."_s
+                   : u"Il metodo #1##2# è in grado di determinare l'analita #3# senza subire le interferenze "
+                     "da parte di altre sostanze note presenti nel campione."_s;
 }
 
 QString VerdictText(const SpecResults& results, bool english)
