@@ -1,4 +1,4 @@
-// The companion in its own process: JSON, summary, rewriting, exit states, and files that are not what they
+// The companion: JSON, summary, rewriting, exit states, and files that are not what they
 // seem.
 #include "batch/Batch.h"
 #include "Compare.h"
@@ -10,6 +10,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QProcess>
 #include <QTemporaryDir>
 
 using namespace Qt::StringLiterals;
@@ -172,6 +173,59 @@ private Q_SLOTS:
                  2); // never where it came from
     }
 
+    void ChartsInEitherLanguage()
+    {
+        const QStringList call = {u"--json"_s, u"--chart-data"_s, DataFile(u"groups-of-5-and-6.SPC"_s),
+                                  DataFile(u"three-determinations.PRE"_s)};
+        const Run english = RunWith(call);
+        const QJsonObject bars = english.Object()[u"charts"][0].toObject();
+        QCOMPARE(bars.keys(), (QStringList{u"data"_s, u"footnote"_s, u"name"_s, u"rowLabels"_s,
+                                           u"seriesNames"_s, u"title"_s, u"xTitle"_s, u"yTitle"_s}));
+        QCOMPARE(bars[u"name"].toString() + u'|' + bars[u"title"].toString() + u'|' +
+                     bars[u"xTitle"].toString(),
+                 u"VtGrafSpec|Specificity: means|Groups"_s);
+        QVERIFY(bars[u"footnote"].toString().startsWith(u"Analytical method: "_s));
+        QCOMPARE(bars[u"rowLabels"].toArray(), (QJsonArray{u"A"_s, u"B"_s}));
+        QVERIFY(bars[u"seriesNames"].isNull());
+        QCOMPARE(bars[u"data"][1].toArray().size(), 3);
+        QCOMPARE(bars[u"data"][0][2].toDouble(), 100.08);
+        const QJsonObject curve = english.Object(1)[u"charts"][0].toObject();
+        QCOMPARE(curve[u"data"].toArray().size(), 1000);
+        QVERIFY(curve[u"rowLabels"].isNull());
+        const Run italian = RunWith(QStringList{u"--language"_s, u"it"_s} + call);
+        QCOMPARE(italian.Object()[u"charts"][0][u"title"].toString(), u"Specificità: medie"_s);
+        QCOMPARE(italian.Object(1)[u"charts"][0][u"xTitle"].toString(), u"Curva di precisione"_s);
+        QVERIFY(!RunWith({u"--json"_s, DataFile(u"three-determinations.PRE"_s)}).out.contains("charts"));
+        const QString uncalculated = m_folder->filePath(u"zero.PRE"_s);
+        QVERIFY(WriteBytes(uncalculated, DataFileWith(u"three-determinations.PRE"_s, {{12, "2,NIL"}})));
+        QCOMPARE(RunWith({u"--json"_s, u"--chart-data"_s, uncalculated}).Object()[u"charts"].toArray(),
+                 QJsonArray());
+    }
+
+    /// The program itself, where there is no display.
+    void ChartFiles()
+    {
+        const QString program = QStringLiteral(QUOREL_TEST_PROGRAM "/quorel-batch");
+        const QString target = m_folder->filePath(u"charts"_s);
+        const QString blank = m_folder->filePath(u"lotto 9.spc"_s);
+        QVERIFY(QFile::copy(DataFile(u"groups-of-5-and-6.SPC"_s), blank));
+        const Run run = Start(program, {u"--chart"_s, target, blank, DataFile(u"three-determinations.PRE"_s),
+                                        DataFile(u"one-to-five.LIM"_s)});
+        QCOMPARE(run.err, QString());
+        QCOMPARE(run.status, 0);
+        QCOMPARE(
+            QDir(target).entryList(QDir::Files, QDir::Name),
+            (QStringList{u"lotto 9.spc.VtGrafSpec.pdf"_s, u"three-determinations.PRE.VtGrafPrec.pdf"_s}));
+        QVERIFY(BytesOf(target + u"/lotto 9.spc.VtGrafSpec.pdf"_s).startsWith("%PDF-"));
+        QCOMPARE(Start(program, {u"--chart"_s, m_folder->path(), blank}).status, 2);
+
+        const QString alone = m_folder->filePath(u"quorel-batch"_s);
+        QVERIFY(QFile::copy(program, alone));
+        const Run without = Start(alone, {u"--chart"_s, target, blank});
+        QCOMPARE(without.status, 1);
+        QVERIFY2(without.err.contains(u"Il modulo dei grafici"_s), qPrintable(without.err));
+    }
+
     void WrongCalls_data()
     {
         QTest::addColumn<QStringList>("arguments");
@@ -202,7 +256,7 @@ private Q_SLOTS:
     {
         const Run help = RunWith({u"--help"_s});
         QCOMPARE(help.status, 0);
-        for (const auto& option : {"--json", "--rewrite", "--decimal"})
+        for (const auto& option : {"--json", "--chart", "--rewrite", "--decimal"})
             QVERIFY(help.out.contains(option));
         QCOMPARE(RunWith({u"--version"_s}).out, "quorel-batch 1.2\n");
     }
@@ -234,6 +288,21 @@ private Q_SLOTS:
     }
 
 private:
+    static Run Start(const QString& program, const QStringList& arguments)
+    {
+        QProcess process;
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        for (const auto& name :
+             {u"QT_QPA_PLATFORM"_s, u"DISPLAY"_s, u"WAYLAND_DISPLAY"_s, u"XDG_RUNTIME_DIR"_s})
+            environment.remove(name);
+        process.setProcessEnvironment(environment);
+        process.start(program, arguments);
+        process.waitForFinished();
+        return {.status = process.exitCode(),
+                .out = process.readAllStandardOutput(),
+                .err = QString::fromUtf8(process.readAllStandardError())};
+    }
+
     std::unique_ptr<QTemporaryDir> m_folder;
 };
 
