@@ -1,7 +1,7 @@
 // What every test window has around its document: toolbar, menus, panels, bands, descriptions, number format
 // dialog.
 #include "Compare.h"
-#include "TestPlace.h"
+#include "TestWindowPlace.h"
 #include "framework/window/EditCommands.h"
 #include "framework/window/NumberFormatDialog.h"
 #include "framework/window/TestMenus.h"
@@ -17,19 +17,6 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-
-/// A frame with the calibration open and repeatability closed.
-class ScriptedFrame : public Frame
-{
-public:
-    bool HasTest(QStringView) const override { return true; }
-    void ShowTest(QStringView key) override { shown.append(key.toString()); }
-    bool FormIsOpen(QAnyStringView windowClass) const override { return windowClass == "Tara"; }
-    void Arrange(Arrangement arrangement) override { arranged.append(static_cast<int>(arrangement)); }
-    void EndProgram() override {}
-    QStringList shown;
-    QList<int> arranged;
-};
 
 QString Captions(const QMenu* menu)
 {
@@ -51,20 +38,13 @@ private Q_SLOTS:
     void init()
     {
         FailOnWarnings();
-        m_place = std::make_unique<TestPlace>();
-        m_place->define.DecSep = u","_s;
-        m_frame = ScriptedFrame();
-        m_window = std::make_unique<LimiWindow>(std::make_unique<LimiDocument>(m_place->Context()), m_frame);
-        m_window->setAttribute(Qt::WA_DeleteOnClose, false);
-        m_window->resize(m_window->sizeHint());
-        m_window->show();
-        QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+        m_open = std::make_unique<TestWindowPlace<LimiWindow, LimiDocument>>();
     }
 
     void MenusOfALimitsWindow()
     {
         QStringList menus;
-        for (const QMenu* menu : m_window->Menus())
+        for (const QMenu* menu : m_open->window->Menus())
             menus += menu->title() + u": "_s + Captions(menu);
         QCOMPARE(
             menus,
@@ -78,8 +58,8 @@ private Q_SLOTS:
                  u"&Finestre: Affianca &orizzontalmente|Affianca &verticalmente|&Sovrapponi|&Disponi icone"_s,
                  u"&?: &Guida in linea|&Metodo|&Parametri fondamentali di statistica|-|"
                  "&Normativa di riferimento ICH|&Testo di riferimento V.Marzen"_s}));
-        QCOMPARE(Action("ModificaTaglia")->shortcut(), QKeySequence(u"Shift+Del"_s));
-        QCOMPARE(Action("ModificaCancella")->shortcut(), QKeySequence(u"Ctrl+X"_s));
+        QCOMPARE(m_open->Find<QAction>("ModificaTaglia")->shortcut(), QKeySequence(u"Shift+Del"_s));
+        QCOMPARE(m_open->Find<QAction>("ModificaCancella")->shortcut(), QKeySequence(u"Ctrl+X"_s));
     }
 
     void MethodsOfEachWindow_data()
@@ -112,7 +92,7 @@ private Q_SLOTS:
 
     void ToolbarOfALimitsWindow()
     {
-        auto* toolbar = m_window->findChild<QToolBar*>();
+        auto* toolbar = m_open->window->findChild<QToolBar*>();
         QStringList keys;
         for (const QAction* action : toolbar->actions()) {
             keys += action->isSeparator() ? u"-"_s : action->objectName();
@@ -120,36 +100,36 @@ private Q_SLOTS:
         }
         QCOMPARE(keys.join(u' '),
                  u"New Open Save - Cut Copy Paste - Print - Sum - Plan StatPar Help - ICH Libro - Exit"_s);
-        QCOMPARE(Action("Sum")->toolTip(), u"Calcola risultati"_s);
+        QCOMPARE(m_open->Find<QAction>("Sum")->toolTip(), u"Calcola risultati"_s);
     }
 
     void Panels()
     {
-        m_window->Activated();
+        m_open->window->Activated();
         QStringList panels;
-        for (const StatusPanel* panel : m_window->findChildren<StatusPanel*>())
+        for (const StatusPanel* panel : m_open->window->findChildren<StatusPanel*>())
             panels += panel->objectName() + (panel->IsInset() ? u"-"_s : u"+"_s);
         QCOMPARE(panels.join(u' '), u"DescrBar- StatusBar- Spec+ Tara- Ripe+ Accu+ Ripr+ Prin+"_s);
-        QTest::mouseClick(Panel("Ripe"), Qt::LeftButton);
-        QVERIFY(Panel("Ripe")->IsInset());
-        QTest::mouseClick(Panel("Tara"), Qt::LeftButton);
-        QTest::mouseClick(Panel("DescrBar"), Qt::LeftButton); // no effect
-        QCOMPARE(m_frame.shown, QStringList({u"PREC"_s, u"TARA"_s}));
+        QTest::mouseClick(m_open->Find<StatusPanel>("Ripe"), Qt::LeftButton);
+        QVERIFY(m_open->Find<StatusPanel>("Ripe")->IsInset());
+        QTest::mouseClick(m_open->Find<StatusPanel>("Tara"), Qt::LeftButton);
+        QTest::mouseClick(m_open->Find<StatusPanel>("DescrBar"), Qt::LeftButton); // no effect
+        QCOMPARE(m_open->frame.shown, QStringList({u"PREC"_s, u"TARA"_s}));
     }
 
     void MenuEntriesReachTheFrame()
     {
-        Action("MnuMetod5")->trigger();
-        QCOMPARE(m_frame.shown, QStringList(u"PRIN"_s));
+        m_open->Find<QAction>("MnuMetod5")->trigger();
+        QCOMPARE(m_open->frame.shown, QStringList(u"PRIN"_s));
         for (const char* name :
              {"MnuFinestreTile", "MnuFinestreVTile", "MnuFinestreCascade", "MnuFinestreDisponiIcone"})
-            Action(name)->trigger();
-        QCOMPARE(m_frame.arranged, QList<int>({1, 2, 0, 3}));
+            m_open->Find<QAction>(name)->trigger();
+        QCOMPARE(m_open->frame.arranged, QList<int>({1, 2, 0, 3}));
     }
 
     void Bands()
     {
-        const QImage image = m_window->grab().toImage().scaled(m_window->size());
+        const QImage image = m_open->window->grab().toImage().scaled(m_open->window->size());
         const auto colorAt = [&](int y) { return image.pixelColor(1, y); };
         QCOMPARE(colorAt(0), QColor(0xF3, 0xED, 0xAA));
         QCOMPARE(colorAt(65), QColor(0xF3, 0xED, 0xAA)); // 1000 twips are 66.7 points
@@ -159,61 +139,64 @@ private Q_SLOTS:
 
     void DescriptionsFollowTheMouse()
     {
-        m_window->findChild<QTabWidget*>()->setCurrentIndex(1);
+        m_open->window->findChild<QTabWidget*>()->setCurrentIndex(1);
         const auto over = [&](QWidget* widget) {
             QTest::mouseMove(widget, QPoint(3, 3));
             QMouseEvent move(QEvent::MouseMove, QPointF(3, 3), widget->mapToGlobal(QPointF(3, 3)),
                              Qt::NoButton, {}, {});
             QApplication::sendEvent(widget, &move);
-            return Panel("DescrBar")->text();
+            return m_open->Find<StatusPanel>("DescrBar")->text();
         };
-        QCOMPARE(over(m_window->findChild<GridView*>()->viewport()), u"Griglia per l'inserimento dei dati"_s);
-        QCOMPARE(over(m_window->findChild<QGroupBox*>(u"Frame2"_s)),
+        QCOMPARE(over(m_open->window->findChild<GridView*>()->viewport()),
+                 u"Griglia per l'inserimento dei dati"_s);
+        QCOMPARE(over(m_open->window->findChild<QGroupBox*>(u"Frame2"_s)),
                  u"Mostra i risultati dell'elaborazione"_s);
-        QCOMPARE(over(m_window->findChild<QLabel*>(u"StDev"_s)), u"Mostra i risultati dell'elaborazione"_s);
-        QCOMPARE(over(m_window->findChild<QGroupBox*>(u"Frame4"_s)), QString());
-        m_window->findChild<QTabWidget*>()->setCurrentIndex(0);
-        QCOMPARE(over(m_window->findChild<QPlainTextEdit*>()->viewport()),
+        QCOMPARE(over(m_open->window->findChild<QLabel*>(u"StDev"_s)),
+                 u"Mostra i risultati dell'elaborazione"_s);
+        QCOMPARE(over(m_open->window->findChild<QGroupBox*>(u"Frame4"_s)), QString());
+        m_open->window->findChild<QTabWidget*>()->setCurrentIndex(0);
+        QCOMPARE(over(m_open->window->findChild<QPlainTextEdit*>()->viewport()),
                  u"Mostra il testo delle conclusioni"_s);
-        QCOMPARE(over(m_window->findChild<QTabWidget*>()), QString());
+        QCOMPARE(over(m_open->window->findChild<QTabWidget*>()), QString());
     }
 
     void PasteIsDescribed()
     {
         QApplication::clipboard()->setText(u"1\nx\n3"_s);
-        m_window->findChild<QTabWidget*>()->setCurrentIndex(1);
-        auto* view = m_window->findChild<GridView*>();
+        m_open->window->findChild<QTabWidget*>()->setCurrentIndex(1);
+        auto* view = m_open->window->findChild<GridView*>();
         view->setFocus();
         view->setCurrentIndex(view->model()->index(8, 0));
-        Action("ModificaIncolla")->trigger();
-        QCOMPARE(Panel("DescrBar")->text(), u"Celle incollate: 1, rifiutate: 1, fuori dalla griglia: 1"_s);
-        QVERIFY(Action("FileSalva")->isEnabled()); // a paste is a cell change
+        m_open->Find<QAction>("ModificaIncolla")->trigger();
+        QCOMPARE(m_open->Find<StatusPanel>("DescrBar")->text(),
+                 u"Celle incollate: 1, rifiutate: 1, fuori dalla griglia: 1"_s);
+        QVERIFY(m_open->Find<QAction>("FileSalva")->isEnabled()); // a paste is a cell change
     }
 
     void PasteNeedsText()
     {
-        auto* menu = m_window->findChild<QMenu*>(u"Modifica"_s);
+        auto* menu = m_open->window->findChild<QMenu*>(u"Modifica"_s);
         QApplication::clipboard()->clear();
         Q_EMIT menu->aboutToShow();
-        QVERIFY(!Action("ModificaIncolla")->isEnabled());
+        QVERIFY(!m_open->Find<QAction>("ModificaIncolla")->isEnabled());
         QApplication::clipboard()->setText(u"1"_s);
         Q_EMIT menu->aboutToShow();
-        QVERIFY(Action("ModificaIncolla")->isEnabled());
+        QVERIFY(m_open->Find<QAction>("ModificaIncolla")->isEnabled());
     }
 
     void EditCommandsInAField()
     {
-        auto* field = m_window->findChild<QLineEdit*>(u"aInputData0"_s);
+        auto* field = m_open->window->findChild<QLineEdit*>(u"aInputData0"_s);
         QVERIFY(field->hasFocus()); // where a new window begins
         QTest::keyClicks(field, u"HPLC"_s);
         field->selectAll();
         QApplication::clipboard()->setText(u"GC\nMS"_s);
-        Action("Paste")->trigger();
-        QCOMPARE(m_window->Document().InputData(0), u"GC MS"_s); // a header field is one line
+        m_open->Find<QAction>("Paste")->trigger();
+        QCOMPARE(m_open->window->Document().InputData(0), u"GC MS"_s); // a header field is one line
         QCOMPARE(field->text(), u"GC MS"_s);
         field->selectAll();
-        Action("ModificaCancella")->trigger();
-        QCOMPARE(m_window->Document().InputData(0), QString());
+        m_open->Find<QAction>("ModificaCancella")->trigger();
+        QCOMPARE(m_open->window->Document().InputData(0), QString());
     }
 
     void NumberFormat_data()
@@ -240,7 +223,7 @@ private Q_SLOTS:
         QFETCH(QString, decimals);
         QFETCH(QString, format);
         QFETCH(QString, message);
-        NumberFormatDialog dialog(m_window->Document().Grid(), m_place->Context());
+        NumberFormatDialog dialog(m_open->window->Document().Grid(), m_open->place.Context());
         const std::array fields = {dialog.findChild<QLineEdit*>(u"NumForm0"_s),
                                    dialog.findChild<QLineEdit*>(u"NumForm1"_s)};
         QCOMPARE(fields[0]->text() + fields[1]->text(), u"33"_s);
@@ -253,7 +236,7 @@ private Q_SLOTS:
         dialog.findChild<QPushButton*>(u"Command10"_s)->click();
         QCOMPARE(dialog.NumberFormat, format);
         QCOMPARE(dialog.result() == QDialog::Accepted, message.isEmpty());
-        QCOMPARE(m_place->messages.TakeOnly(), message.isEmpty() ? u"0 messages"_s : message);
+        QCOMPARE(m_open->place.messages.TakeOnly(), message.isEmpty() ? u"0 messages"_s : message);
     }
 
     void SetupChangesGridAndResults_data()
@@ -266,45 +249,39 @@ private Q_SLOTS:
     void SetupChangesGridAndResults()
     {
         QFETCH(bool, changed);
-        DataGrid& grid = m_window->Document().Grid();
+        DataGrid& grid = m_open->window->Document().Grid();
         if (changed)
             QVERIFY(grid.TypeText(0, 0, u"1,2345"_s));
         else
             grid.SetValue(0, 0, 1.2345);
         grid.SetChangeMade(false);
         AnswerFormat(u"4"_s, u"2"_s, "Command10");
-        QTest::mouseDClick(Panel("StatusBar"), Qt::LeftButton);
+        QTest::mouseDClick(m_open->Find<StatusPanel>("StatusBar"), Qt::LeftButton);
         QCOMPARE(grid.Text(0, 0), u"1,23"_s);
         QCOMPARE(grid.LargestText(), u"9999,99"_s);
-        QCOMPARE(Panel("StatusBar")->text(), u"Formato numeri: Interi 4  Decimali 2"_s);
-        QCOMPARE(m_window->findChild<QLabel*>(u"StDev"_s)->text(), changed ? u"0,39"_s : u"0,000"_s);
-        QCOMPARE(m_window->Document().NumberFormat(), u"###0.00"_s);
-        QVERIFY(!m_window->Document().IsModify() && !m_window->Document().ChangeMade());
+        QCOMPARE(m_open->Find<StatusPanel>("StatusBar")->text(), u"Formato numeri: Interi 4  Decimali 2"_s);
+        QCOMPARE(m_open->window->findChild<QLabel*>(u"StDev"_s)->text(), changed ? u"0,39"_s : u"0,000"_s);
+        QCOMPARE(m_open->window->Document().NumberFormat(), u"###0.00"_s);
+        QVERIFY(!m_open->window->Document().IsModify() && !m_open->window->Document().ChangeMade());
 
         AnswerFormat(u"9"_s, u"4"_s, "Command11"); // cancelled: all stays
-        Action("StrumentiSetup")->trigger();
+        m_open->Find<QAction>("StrumentiSetup")->trigger();
         QCOMPARE(grid.Text(0, 0), u"1,23"_s);
-        QCOMPARE(m_place->define.NumFormat, u"###0.00"_s);
+        QCOMPARE(m_open->place.define.NumFormat, u"###0.00"_s);
     }
 
     void SmallWindowScrolls()
     {
-        m_window->resize(m_window->minimumSizeHint());
-        QVERIFY(m_window->height() < m_window->sizeHint().height());
-        m_window->findChild<QTabWidget*>()->setCurrentIndex(1);
-        const auto* values = m_window->findChild<QGroupBox*>(u"Frame5"_s);
-        const auto* results = m_window->findChild<QGroupBox*>(u"Frame2"_s);
+        m_open->window->resize(m_open->window->minimumSizeHint());
+        QVERIFY(m_open->window->height() < m_open->window->sizeHint().height());
+        m_open->window->findChild<QTabWidget*>()->setCurrentIndex(1);
+        const auto* values = m_open->window->findChild<QGroupBox*>(u"Frame5"_s);
+        const auto* results = m_open->window->findChild<QGroupBox*>(u"Frame2"_s);
         QVERIFY(!values->geometry().intersects(results->geometry()));
         QVERIFY(values->height() >= values->minimumSizeHint().height());
     }
 
 private:
-    QAction* Action(const char* name) { return m_window->findChild<QAction*>(QString::fromLatin1(name)); }
-    StatusPanel* Panel(const char* name)
-    {
-        return m_window->findChild<StatusPanel*>(QString::fromLatin1(name));
-    }
-
     /// Fills the number format dialog once it is open, and presses one of its buttons.
     static void AnswerFormat(const QString& integers, const QString& decimals, const char* button)
     {
@@ -316,9 +293,7 @@ private:
         });
     }
 
-    std::unique_ptr<TestPlace> m_place;
-    ScriptedFrame m_frame;
-    std::unique_ptr<LimiWindow> m_window;
+    std::unique_ptr<TestWindowPlace<LimiWindow, LimiDocument>> m_open;
 };
 
 QTEST_MAIN(FurnishingsTest)
