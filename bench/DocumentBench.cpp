@@ -1,4 +1,5 @@
 // One document's road: read, calculated, printed as JSON.
+#include "Nobody.h"
 #include "batch/JsonOutput.h"
 #include "framework/TextFunctions.h"
 #include "validation/DocumentFactory.h"
@@ -15,17 +16,6 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-
-class Nobody : public CommonDialog, public Messages, public FTable
-{
-public:
-    bool ShowOpen() override { return false; }
-    bool ShowSave() override { return false; }
-    QString BrowseFolder(const QString&, const QString&) override { return {}; }
-    void Show(MessageIcon, const QString&, const QString&) override {}
-    Answer Ask(MessageIcon, const QString&, const QString&) override { return Answer::Cancel; }
-    std::optional<double> Find(std::int16_t, std::int16_t) override { return std::nullopt; }
-};
 
 QString LimiFile(const QTemporaryDir& folder, std::int64_t rows)
 {
