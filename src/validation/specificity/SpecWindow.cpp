@@ -15,7 +15,10 @@ SpecWindow::SpecWindow(std::unique_ptr<SpecDocument> document, Frame& frame)
 
 void SpecWindow::Activated()
 {
-    findChild<QLineEdit*>(SpecDocument::kGruppoA)->setFocus();
+    // On a page that is not in front the field would hold the focus unseen, and keep it from what is seen.
+    auto* field = findChild<QLineEdit*>(SpecDocument::kGruppoA);
+    if (field->isVisible())
+        field->setFocus();
     TestWindow::Activated();
 }
 

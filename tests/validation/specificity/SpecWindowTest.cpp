@@ -38,6 +38,9 @@ private Q_SLOTS:
 
     void BecomingActiveGoesToTheFirstGroup()
     {
+        m_open->Find<QLineEdit>("aInputData1")->setFocus();
+        m_open->window->Activated(); // on another page the focus stays where it is seen
+        QCOMPARE(QApplication::focusWidget()->objectName(), u"aInputData1"_s);
         m_open->ShowData();
         m_open->GridWidget()->setFocus();
         m_open->window->Activated();
