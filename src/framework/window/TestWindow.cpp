@@ -294,8 +294,7 @@ QString TestWindow::ReadNotice() const
     const auto stop = m_document->ReadStop();
     if (!stop)
         return {};
-    return *stop == 0 ? u"Il file non è stato letto"_s
-                      : u"File letto in parte: la lettura si è fermata alla riga %1"_s.arg(*stop);
+    return *stop == 0 ? u"Il file non è stato letto"_s : u"Letto in parte, fino alla riga %1"_s.arg(*stop);
 }
 
 /// Where there is nothing to describe, the notice of a file that was read in part stands.

@@ -223,8 +223,7 @@ private Q_SLOTS:
         const QByteArray whole = BytesOf(DataFile(u"one-to-five.LIM"_s));
         QVERIFY(WriteBytes(folder.filePath(u"cut.LIM"_s), whole.first(whole.indexOf("3,3"))));
         m_open->TriggerWithFile("FileApri", folder.filePath(u"cut.LIM"_s));
-        QCOMPARE(m_open->Find<QLabel>("DescrBar")->text(),
-                 u"File letto in parte: la lettura si è fermata alla riga 14"_s);
+        QCOMPARE(m_open->Find<QLabel>("DescrBar")->text(), u"Letto in parte, fino alla riga 14"_s);
         QVERIFY(m_open->place.messages.All().isEmpty());
     }
 
