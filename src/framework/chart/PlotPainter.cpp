@@ -79,6 +79,15 @@ int DecimalsOf(double step)
     return std::clamp(static_cast<int>(std::ceil(1 - std::log10(step))), 0, 15);
 }
 
+/// From this on numbers have an exponent.
+constexpr double kLargestPlain = 1e16;
+
+QString TickLabel(const QLocale& locale, double tick, int decimals)
+{
+    return std::fabs(tick) < kLargestPlain ? locale.toString(tick, 'f', decimals)
+                                           : locale.toString(tick, 'g', 6);
+}
+
 /// Ticks at round numbers, with the decimals that their step has.
 class RoundTicker : public QCPAxisTicker
 {
@@ -94,7 +103,7 @@ protected:
     }
     QString getTickLabel(double tick, const QLocale& locale, QChar, int) override
     {
-        return locale.toString(tick, 'f', m_decimals);
+        return TickLabel(locale, tick, m_decimals);
     }
 
 private:
@@ -221,24 +230,35 @@ void PlotPainter::ShowGroups()
     m_plot->xAxis->setRange(0.5, static_cast<double>(m_chart.rows.size()) + 0.5);
 }
 
-/// The divisions hold while all of the chart is in view.
 void PlotPainter::SetRange(QCPAxis* axis, const ChartScale& scale, int majorDivisions) const
 {
-    const QCPRange range = RangeOf(scale);
-    axis->setRange(range);
-    if (majorDivisions == 0) {
+    axis->setRange(RangeOf(scale));
+    if (majorDivisions == 0)
         ShowRoundTicks(axis);
-        return;
-    }
-    const int decimals = DecimalsOf(range.size() / majorDivisions);
+    else
+        ShowDivisions(axis, majorDivisions);
+}
+
+/// Ticks from end to end, the ends included. They hold while all of the chart is in view.
+void PlotPainter::ShowDivisions(QCPAxis* axis, int count) const
+{
+    const QCPRange range = axis->range();
+    const int decimals = DecimalsOf(range.size() / count);
     // Ticks by their numbers: counted in steps, the outer ones could fall beside the ends by rounding.
     const QSharedPointer<QCPAxisTickerText> ticker(new QCPAxisTickerText);
-    for (int i = 0; i <= majorDivisions; ++i) {
-        const double at = i == majorDivisions ? range.upper : range.lower + range.size() * i / majorDivisions;
-        ticker->addTick(at, m_plot->locale().toString(at, 'f', decimals));
+    for (int i = 0; i <= count; ++i) {
+        const double at = i == count ? range.upper : range.lower + range.size() * i / count;
+        ticker->addTick(at, TickLabel(m_plot->locale(), at, decimals));
     }
     axis->setTicker(ticker);
     axis->setSubTicks(false);
+    // The labels at the ends stand half beside the axis.
+    const QFontMetrics metrics(axis->tickLabelFont());
+    const auto half = [&](double end) {
+        return metrics.horizontalAdvance(TickLabel(m_plot->locale(), end, decimals)) / 2 + kMargin;
+    };
+    if (axis->orientation() == Qt::Horizontal)
+        m_plot->axisRect()->setMinimumMargins({half(range.lower), kMargin, half(range.upper), kMargin});
 }
 
 /// What the numbers of every so manyth column span, with some room around.

@@ -31,6 +31,7 @@ private:
     void AddBars();
     void ShowAxis(QCPAxis* axis, const ChartAxis& data) const;
     void ShowRoundTicks(QCPAxis* axis) const;
+    void ShowDivisions(QCPAxis* axis, int count) const;
     void ShowGroups();
     void SetRange(QCPAxis* axis, const ChartScale& scale, int majorDivisions) const;
     void FitFootnote(int width);

@@ -57,6 +57,33 @@ private Q_SLOTS:
         COMPARE_CLOSE(CalcSpecificity(kB, kA).t, r.t, 1e-12);
     }
 
+    void GroupsWeighBySize()
+    {
+        const std::array large = {100.1, 100.3, 99.9, 100.0, 100.2, 100.1, 99.8, 100.4};
+        const SpecResults r = CalcSpecificity(kA, large);
+        const double pooled = (4 * r.a.variance + 7 * r.b.variance) / 11;
+        COMPARE_CLOSE(r.t, std::fabs(r.a.mean - r.b.mean) / std::sqrt((1.0 / 5 + 1.0 / 8) * pooled), 1e-12);
+        QCOMPARE(r.gdl, 11);
+    }
+
+    void VariancesCountAsEqualDownToTheLevel()
+    {
+        // Wider and wider: the ratio of the variances passes the 5 % point, 6.388 for 4 and 4.
+        const auto scaled = [](double factor) {
+            std::array values = kA;
+            for (double& value : values)
+                value = 100.08 + (value - 100.08) * factor;
+            return CalcSpecificity(values, kB);
+        };
+        const SpecResults below = scaled(std::sqrt(6.2 / 2.28));
+        QVERIFY(below.pF > 0.05 && below.pF < 0.055);
+        QCOMPARE(below.gdl, 8);
+        const SpecResults above = scaled(std::sqrt(6.6 / 2.28));
+        QVERIFY(above.pF < 0.05 && above.pF > 0.045);
+        QCOMPARE(above.gdl, 6);                        // 6.48
+        QCOMPARE(scaled(std::sqrt(10 / 2.28)).gdl, 6); // 5.99
+    }
+
     void SeparateVariancesTakeTheCountsThemselves()
     {
         const SpecResults r = CalcSpecificity(std::array{1.0, 200.0, 100.0, 400.0, 20.0}, kB);
