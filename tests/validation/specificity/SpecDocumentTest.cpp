@@ -57,6 +57,26 @@ private Q_SLOTS:
         COMPARE_CLOSE(CalcSpecificity(kB, kA).t, r.t, 1e-12);
     }
 
+    void Texts()
+    {
+        const auto shown = [this] {
+            QStringList texts;
+            for (const ResultField& field : m_document->ResultFields())
+                texts += m_document->ControlText(field.control);
+            return texts.join(u' ');
+        };
+        QCOMPARE(m_document->Grid().GetDigits(), (Digits{6, 3}));
+        const QString empty = u"0.000 0.000 0 0 0 0 0.000 0.000 0.000 0 0.000 0.000 Giudizio"_s;
+        QCOMPARE(shown(), empty);
+        Fill({kA.begin(), kA.end()}, {kB.begin(), kB.end()});
+        QVERIFY(m_document->CalcSpec());
+        // Half-widths 2.776 s / √5, cut to 0.296 and 0.196.
+        QCOMPARE(shown(), u"100.080 100.100 99.784 99.904 100.376 100.296 0.057 0.025 2.280 8 0.156 0.880 "
+                          "Differenza NON SIGNIFICATIVA (P = 95%)"_s);
+        m_document->ResetSpec();
+        QCOMPARE(shown(), empty);
+    }
+
     void GroupsWeighBySize()
     {
         const std::array large = {100.1, 100.3, 99.9, 100.0, 100.2, 100.1, 99.8, 100.4};
