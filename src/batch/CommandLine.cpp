@@ -9,25 +9,6 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-constexpr auto kHelp =
-    "Uso: quorel-batch [opzioni] FILE|CARTELLA...\n"
-    "\n"
-    "Apre documenti di convalida, li calcola e mostra i risultati. Una cartella sta per i file di dati che\n"
-    "contiene direttamente, in ordine di nome.\n"
-    "\n"
-    "  --json              un oggetto JSON per documento, uno per riga, in UTF-8\n"
-    "  --chart-data        aggiunge al JSON i dati dei grafici\n"
-    "  --chart CARTELLA    scrive ogni grafico nella cartella, come NOME.GRAFICO.pdf\n"
-    "  --rewrite CARTELLA  salva di nuovo ogni documento nella cartella, nel formato attuale\n"
-    "  --language it|en    lingua dei grafici (en)\n"
-    "  --decimal CARATTERE . oppure , come separatore decimale dei numeri mostrati (quello del sistema)\n"
-    "  --version           mostra la versione\n"
-    "  --help              mostra questo testo\n"
-    "\n"
-    "Stato di uscita: 0 ogni documento letto per intero e calcolato; 1 almeno uno no (ciascuno è nominato, "
-    "con\n"
-    "il motivo, sull'uscita degli errori); 2 la chiamata non è valida.\n"_L1;
-
 /// The value of an option that the call gave and that is not among the allowed ones is an error.
 void CheckValue(CommandLine& line, const QString& option, const QString& value, const QStringList& allowed)
 {
@@ -39,7 +20,22 @@ void CheckValue(CommandLine& line, const QString& option, const QString& value, 
 
 QString HelpText()
 {
-    return kHelp;
+    return u"Uso: quorel-batch [opzioni] FILE|CARTELLA...\n"
+           "\n"
+           "Apre documenti di convalida, li calcola e mostra i risultati. Una cartella sta per i file di dati\n"
+           "che contiene direttamente, in ordine di nome.\n"
+           "\n"
+           "  --json              un oggetto JSON per documento, uno per riga, in UTF-8\n"
+           "  --chart-data        aggiunge al JSON i dati dei grafici\n"
+           "  --chart CARTELLA    scrive ogni grafico nella cartella, come NOME.GRAFICO.pdf\n"
+           "  --rewrite CARTELLA  salva di nuovo ogni documento nella cartella, nel formato attuale\n"
+           "  --language it|en    lingua dei grafici (en)\n"
+           "  --decimal CARATTERE . oppure , come separatore decimale dei numeri mostrati (quello del sistema)\n"
+           "  --version           mostra la versione\n"
+           "  --help              mostra questo testo\n"
+           "\n"
+           "Stato di uscita: 0 ogni documento letto per intero e calcolato; 1 almeno uno no (ciascuno è\n"
+           "nominato, con il motivo, sull'uscita degli errori); 2 la chiamata non è valida.\n"_s;
 }
 
 CommandLine ParseCommandLine(const QStringList& arguments)

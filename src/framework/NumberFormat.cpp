@@ -25,18 +25,17 @@ struct Decimal {
     int exponent = 0;
 };
 
-Decimal ToDecimal(double value)
+/// One more at the digit of this place, counted from 0; -1 stands in front of the first.
+void AddToLast(Decimal& decimal, int place)
 {
-    Decimal decimal;
-    decimal.negative = std::signbit(value);
-    char text[32];
-    const auto end = std::to_chars(text, text + sizeof text, std::fabs(value), std::chars_format::scientific,
-                                   kSignificant - 1);
-    decimal.digits[0] = text[0];
-    std::copy_n(text + 2, kSignificant - 1, decimal.digits + 1); // behind the point
-    const char* exponent = text + 2 + kSignificant;              // the first digit's sign, behind the e
-    std::from_chars(*exponent == '+' ? exponent + 1 : exponent, end.ptr, decimal.exponent);
-    return decimal;
+    while (place >= 0 && decimal.digits[place] == '9')
+        decimal.digits[place--] = '0';
+    if (place >= 0) {
+        ++decimal.digits[place];
+    } else { // all nines: one digit more
+        decimal.digits[0] = '1';
+        ++decimal.exponent;
+    }
 }
 
 /// Leaves `kept` digits before the cut (negative: the cut lies further left still), half away from zero.
@@ -46,17 +45,40 @@ void Round(Decimal& decimal, int kept)
         return;
     const bool up = kept >= 0 && decimal.digits[kept] >= '5';
     std::fill(decimal.digits + std::max(kept, 0), decimal.digits + kSignificant, '0');
-    if (!up)
-        return;
-    int i = kept - 1;
-    while (i >= 0 && decimal.digits[i] == '9')
-        decimal.digits[i--] = '0';
-    if (i >= 0) {
-        ++decimal.digits[i];
-    } else { // all nines: one digit more
-        decimal.digits[0] = '1';
-        ++decimal.exponent;
+    if (up)
+        AddToLast(decimal, kept - 1);
+}
+
+/// The magnitude with so many digits, the exact value rounded to them: "d.ddde+xx".
+const char* WriteDigits(char (&text)[96], double value, int digits)
+{
+    return std::to_chars(text, text + sizeof text, std::fabs(value), std::chars_format::scientific,
+                         digits - 1)
+        .ptr;
+}
+
+/// Half away from zero, too, which the standard library's rounding (half to even) is not: the digits behind
+/// the last one decide. Two of them say enough, but for 50, which may stand for less, for more, or for a true
+/// half.
+Decimal ToDecimal(double value)
+{
+    char text[96];
+    int written = kSignificant + 2;
+    const char* end = WriteDigits(text, value, written);
+    const char* behind = text + 1 + kSignificant; // the point is one more
+    if (behind[0] == '5' && behind[1] == '0') {
+        written = 80;
+        end = WriteDigits(text, value, written);
     }
+    Decimal decimal;
+    decimal.negative = std::signbit(value);
+    decimal.digits[0] = text[0];
+    std::copy_n(text + 2, kSignificant - 1, decimal.digits + 1);
+    const char* exponent = text + 2 + written; // its sign, behind the e
+    std::from_chars(*exponent == '+' ? exponent + 1 : exponent, end, decimal.exponent);
+    if (*behind >= '5')
+        AddToLast(decimal, kSignificant - 1);
+    return decimal;
 }
 
 using Buffer = QVarLengthArray<char, 64>;
@@ -263,12 +285,17 @@ double RoundToDecimals(double value, int decimals)
 
 double RoundToSignificant(double value, int digits)
 {
-    char text[32];
-    const auto end = std::to_chars(text, text + sizeof text, value, std::chars_format::scientific,
-                                   std::min(digits, kSignificant) - 1);
+    Decimal decimal = ToDecimal(value);
+    Round(decimal, digits);
+    Buffer text;
+    text.append(decimal.digits, kSignificant);
+    text.append('e');
+    char exponent[8];
+    const auto end = std::to_chars(exponent, exponent + sizeof exponent, decimal.exponent - kSignificant + 1);
+    text.append(exponent, end.ptr - exponent);
     double rounded = 0;
-    std::from_chars(text, end.ptr, rounded);
-    return rounded;
+    std::from_chars(text.constData(), text.constData() + text.size(), rounded);
+    return decimal.negative ? -rounded : rounded;
 }
 
 double GeneralValue(double value)

@@ -258,6 +258,7 @@ private Q_SLOTS:
         QCOMPARE(help.status, 0);
         for (const auto& option : {"--json", "--chart", "--rewrite", "--decimal"})
             QVERIFY(help.out.contains(option));
+        QVERIFY(help.out.contains("non è valida"));
         QCOMPARE(RunWith({u"--version"_s}).out, "quorel-batch 1.2\n");
     }
 

@@ -77,6 +77,8 @@ private Q_SLOTS:
         QTest::addRow("zeros behind the 15 digits")
             << 1.0 / 3 << u"0.00000000000000000"_s << u"0,33333333333333300"_s;
         QTest::addRow("large") << 1e21 << u"0.0"_s << u"1000000000000000000000,0"_s;
+        QTest::addRow("true half behind the 15th digit")
+            << -1234567890.328125 << u"0.00000"_s << u"-1234567890,32813"_s;
         QTest::addRow("16th digit rounded away") << 9007199254740993.0 << u"0"_s << u"9007199254740990"_s;
     }
 
@@ -102,6 +104,8 @@ private Q_SLOTS:
         QCOMPARE_EQ(RoundToDecimals(1.0 / 3, 32767), 0.333333333333333);
         QCOMPARE_EQ(RoundToDecimals(5e-324, 400), 4.94065645841247e-324);
         QVERIFY(!std::signbit(RoundToDecimals(-0.0001, 3)));
+        QCOMPARE_EQ(RoundToSignificant(-10105045275477.25, 15), -10105045275477.3);
+        QCOMPARE_EQ(RoundToSignificant(0.0999996, 5), 0.1);
     }
 
     void General_data()
@@ -112,6 +116,9 @@ private Q_SLOTS:
         QTest::addRow("whole") << 100.0 << u"100"_s;
         QTest::addRow("no trailing zeros") << 0.516 << u"0,516"_s;
         QTest::addRow("15 digits") << 2.0 / 3 << u"0,666666666666667"_s;
+        QTest::addRow("half behind them") << 10105045275477.25 << u"10105045275477,3"_s;
+        QTest::addRow("less than half, by the 18th digit") << 1.000000000000145 << u"1,00000000000014"_s;
+        QTest::addRow("nines and a half") << 99999999999999.95 << u"100000000000000"_s;
         QTest::addRow("smallest without exponent") << 0.0001 << u"0,0001"_s;
         QTest::addRow("below") << -0.000012 << u"-1,2E-05"_s;
         QTest::addRow("largest without exponent") << 999999999999999.0 << u"999999999999999"_s;
