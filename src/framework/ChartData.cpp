@@ -10,12 +10,21 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-/// Numbers under the pointer have this many significant digits: what one can tell apart on a screen.
-constexpr int kShownDigits = 5;
-
-QString Short(double value, QStringView decSep)
+/// As many decimals as tell a thousandth of the span apart: what one can see on a screen.
+QString Short(double value, const ChartScale& span, QStringView decSep)
 {
-    return GeneralText(RoundToSignificant(value, kShownDigits), decSep);
+    const double width = span.maximum - span.minimum;
+    if (!(width > 0))
+        return GeneralText(value, decSep);
+    const int decimals = static_cast<int>(std::ceil(3 - std::log10(width)));
+    return GeneralText(RoundToDecimals(value, std::max(decimals, 0)), decSep);
+}
+
+ChartScale SpanOfColumn(const ChartData& chart, std::size_t col)
+{
+    const auto [low, high] = std::ranges::minmax_element(
+        chart.rows, {}, [col](const std::vector<double>& row) { return row[col]; });
+    return {.minimum = (*low)[col], .maximum = (*high)[col]};
 }
 
 QString BarText(const ChartData& chart, std::size_t row, QStringView decSep)
@@ -39,7 +48,8 @@ QString NearestPoint(const ChartData& chart, double x, QStringView decSep)
 {
     const auto nearest = std::ranges::min_element(
         chart.rows, {}, [x](const std::vector<double>& row) { return std::fabs(row[0] - x); });
-    return u"x = %1; y = %2"_s.arg(Short((*nearest)[0], decSep), Short((*nearest)[1], decSep));
+    return u"x = %1; y = %2"_s.arg(Short((*nearest)[0], SpanOfColumn(chart, 0), decSep),
+                                   Short((*nearest)[1], SpanOfColumn(chart, 1), decSep));
 }
 
 } // namespace
@@ -61,8 +71,8 @@ QString ChartDescription(const ChartData& chart, QStringView decSep)
         for (std::size_t row = 0; row < chart.rows.size(); ++row)
             parts += BarText(chart, row, decSep);
     } else if (chart.x.scale) {
-        parts += u"%1: da %2 a %3"_s.arg(chart.x.title, Short(chart.x.scale->minimum, decSep),
-                                         Short(chart.x.scale->maximum, decSep));
+        parts += u"%1: da %2 a %3"_s.arg(chart.x.title, Short(chart.x.scale->minimum, *chart.x.scale, decSep),
+                                         Short(chart.x.scale->maximum, *chart.x.scale, decSep));
     }
     return parts.join(u"; "_s);
 }

@@ -283,10 +283,9 @@ double RoundToDecimals(double value, int decimals)
     return rounded;
 }
 
-double RoundToSignificant(double value, int digits)
+double GeneralValue(double value)
 {
-    Decimal decimal = ToDecimal(value);
-    Round(decimal, digits);
+    const Decimal decimal = ToDecimal(value);
     Buffer text;
     text.append(decimal.digits, kSignificant);
     text.append('e');
@@ -296,11 +295,6 @@ double RoundToSignificant(double value, int digits)
     double rounded = 0;
     std::from_chars(text.constData(), text.constData() + text.size(), rounded);
     return decimal.negative ? -rounded : rounded;
-}
-
-double GeneralValue(double value)
-{
-    return RoundToSignificant(value, kSignificant);
 }
 
 QString GeneralText(double value, QStringView decSep)

@@ -35,9 +35,6 @@ QByteArray PointText(double value, int decimals);
 /// The number that value shown with the given count of decimals reads back to.
 double RoundToDecimals(double value, int decimals);
 
-/// value at so many significant digits, at most 15.
-double RoundToSignificant(double value, int digits);
-
 /// The number that value in the general form reads back to: 15 significant digits.
 double GeneralValue(double value);
 

@@ -8,6 +8,8 @@
 
 #include <QCloseEvent>
 #include <QMenuBar>
+#include <QScreen>
+#include <QStyle>
 
 #include <algorithm>
 
@@ -15,6 +17,9 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
+
+/// On a small screen the frame leaves some room for its own title and a panel of the desktop.
+constexpr double kPartOfScreen = 0.9;
 
 /// Marks the entries of a menu that stand for open windows.
 constexpr const char* kWindowEntry = "windowEntry";
@@ -45,7 +50,7 @@ MainWindow::MainWindow(const DocumentContext& context) : m_context(context), m_a
     m_menus = {FileMenu(), MethodsMenu(), WindowsMenu(), HelpMenu()};
     connect(m_area, &QMdiArea::subWindowActivated, this, &MainWindow::ShowMenus);
     ShowMenus();
-    resize(1100, 780);
+    resize(QSize(1100, 780).boundedTo(screen()->availableSize() * kPartOfScreen));
 }
 
 MainWindow::~MainWindow()
@@ -166,13 +171,21 @@ bool MainWindow::HasTest(QStringView key) const
 
 TestWindow* MainWindow::OpenTest(QStringView key) const
 {
+    const QList<TestWindow*> tests = Tests();
+    const auto found =
+        std::ranges::find_if(tests, [key](TestWindow* test) { return test->Document().Info().key == key; });
+    return found == tests.end() ? nullptr : *found;
+}
+
+QList<TestWindow*> MainWindow::Tests() const
+{
+    QList<TestWindow*> tests;
     const QList<QMdiSubWindow*> windows = m_area->subWindowList();
     for (const QMdiSubWindow* window : windows) {
-        auto* test = qobject_cast<TestWindow*>(window->widget());
-        if (test != nullptr && test->Document().Info().key == key)
-            return test;
+        if (auto* test = qobject_cast<TestWindow*>(window->widget()))
+            tests.append(test);
     }
-    return nullptr;
+    return tests;
 }
 
 bool MainWindow::FormIsOpen(QAnyStringView windowClass) const
@@ -199,6 +212,7 @@ void MainWindow::ShowTest(QStringView key)
     }
     QMdiSubWindow* window = m_area->addSubWindow(CreateTestWindow(key, m_context, *this));
     window->setAttribute(Qt::WA_DeleteOnClose);
+    window->resize(window->sizeHint().boundedTo(m_area->viewport()->size()));
     window->show();
 }
 
@@ -214,7 +228,7 @@ void MainWindow::Arrange(Arrangement arrangement)
 {
     switch (arrangement) {
     case Arrangement::Cascade:
-        m_area->cascadeSubWindows();
+        CascadeWindows();
         break;
     case Arrangement::TileHorizontally:
         TileWindows(Qt::Vertical); // each as wide as the area, one below the other
@@ -225,6 +239,23 @@ void MainWindow::Arrange(Arrangement arrangement)
     case Arrangement::Icons:
         ArrangeIcons();
         break;
+    }
+}
+
+/// Each a title bar below the one behind it, the active one in front of all.
+void MainWindow::CascadeWindows()
+{
+    QList<QMdiSubWindow*> windows = m_area->subWindowList(QMdiArea::StackingOrder);
+    erase_if(windows, [](const QMdiSubWindow* window) { return window->isMinimized(); });
+    const int step = style()->pixelMetric(QStyle::PM_TitleBarHeight) +
+                     style()->pixelMetric(QStyle::PM_MdiSubWindowFrameWidth);
+    QPoint at;
+    for (QMdiSubWindow* window : windows) {
+        window->showNormal();
+        const QSize room = m_area->viewport()->size() - QSize(at.x(), at.y());
+        window->setGeometry(QRect(at, window->sizeHint().boundedTo(room)));
+        window->raise();
+        at += QPoint(step, step);
     }
 }
 
@@ -283,13 +314,18 @@ void MainWindow::RunBackup(bool silent)
 
 void MainWindow::closeEvent(QCloseEvent* event)
 {
-    const QList<QMdiSubWindow*> windows = m_area->subWindowList();
-    for (QMdiSubWindow* window : windows) {
-        if (!window->close()) {
+    // All are asked before the first one goes: a refusal leaves every document as it was.
+    const QList<TestWindow*> tests = Tests();
+    for (TestWindow* test : tests) {
+        if (test->HasChanges()) // shows what the question is about
+            Activate(qobject_cast<QMdiSubWindow*>(test->parentWidget()));
+        if (!test->QueryUnload()) {
             event->ignore();
             return;
         }
     }
+    for (TestWindow* test : tests)
+        test->Unload();
     if (BackupAtClose(m_context.define))
         RunBackup(true);
     event->accept();

@@ -37,6 +37,9 @@ private:
     void ShowMenus();
     void ListWindows(QMenu* menu);
     void Activate(QMdiSubWindow* window);
+    /// The windows of the tests, in the order in which they were opened.
+    QList<TestWindow*> Tests() const;
+    void CascadeWindows();
     void TileWindows(Qt::Orientation along);
     void ArrangeIcons();
     QList<QMdiSubWindow*> Windows(bool minimized) const;

@@ -80,6 +80,11 @@ private Q_SLOTS:
         m_window->Arrange(Arrangement::TileVertically);
         QCOMPARE(sub->height(), area->viewport()->height());
         QCOMPARE(other->x(), area->viewport()->width() / 2);
+        area->setActiveSubWindow(sub);
+        m_window->Arrange(Arrangement::Cascade);
+        QCOMPARE(other->pos(), QPoint(0, 0)); // the active one stands in front, all titles to be seen
+        QVERIFY(sub->x() > 0 && sub->y() == sub->x());
+        QVERIFY(area->viewport()->rect().contains(sub->geometry()));
         sub->showMinimized();
         sub->move(50, 50);
         m_window->Arrange(Arrangement::Icons);
@@ -140,6 +145,30 @@ private Q_SLOTS:
         m_place->messages.WillAnswer(Answer::Cancel);
         QVERIFY(!m_window->close());
         QVERIFY(m_window->OpenTest(u"LIMI") != nullptr);
+        m_place->messages.WillAnswer(Answer::No);
+        QVERIFY(m_window->close());
+    }
+
+    /// All are asked before the first one goes, each in front while it is asked about, its kind in the
+    /// dialog.
+    void ARefusalKeepsAllWindows()
+    {
+        for (const auto& key : {u"LIMI"_s, u"PREC"_s}) {
+            m_window->ShowTest(key);
+            m_window->OpenTest(key)->Document().TypeInputData(0, u"HPLC"_s);
+        }
+        m_place->messages.WillAnswer(Answer::No);
+        m_place->messages.WillAnswer(Answer::Cancel);
+        QVERIFY(!m_window->close());
+        QCOMPARE(m_window->OpenTest(u"LIMI")->Document().InputData(0), u"HPLC"_s);
+        QVERIFY(m_window->OpenTest(u"LIMI")->HasChanges());
+        m_window->findChild<QMdiArea*>()->setActiveSubWindow(
+            qobject_cast<QMdiSubWindow*>(m_window->OpenTest(u"PREC")->parentWidget()));
+        m_place->messages.WillAnswer(Answer::Cancel);
+        QVERIFY(!m_window->close());
+        QCOMPARE(m_window->findChild<QMdiArea*>()->activeSubWindow()->widget(), m_window->OpenTest(u"LIMI"));
+        QCOMPARE(m_place->dialog.DefaultExt, u"LIM"_s);
+        m_place->messages.WillAnswer(Answer::No);
         m_place->messages.WillAnswer(Answer::No);
         QVERIFY(m_window->close());
     }

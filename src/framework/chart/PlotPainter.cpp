@@ -149,7 +149,9 @@ void PlotPainter::SetChart(const ChartData& chart, const QString& decSep)
     m_title->setVisible(!chart.title.isEmpty());
     ShowAxis(m_plot->xAxis, chart.x);
     ShowAxis(m_plot->yAxis, chart.y);
-    m_plot->axisRect()->axis(QCPAxis::atRight)->setVisible(chart.y.visible);
+    // Without the y axis, the x axis stands alone: a frame without sides would look cut.
+    for (const QCPAxis::AxisType side : {QCPAxis::atRight, QCPAxis::atTop})
+        m_plot->axisRect()->axis(side)->setVisible(chart.y.visible);
     m_plot->axisRect()->setVisible(HasExtent());
     m_plot->legend->setVisible(chart.legend && HasExtent());
     if (!HasExtent())

@@ -66,6 +66,11 @@ void CellEditor::updateEditorGeometry(QWidget* editor, const QStyleOptionViewIte
 bool CellEditor::eventFilter(QObject* object, QEvent* event)
 {
     auto* field = qobject_cast<QLineEdit*>(object);
+    if (field != nullptr && event->type() == QEvent::FocusOut && !Accepts(*field)) {
+        // What is refused stays to be mended, also when the focus goes.
+        Q_EMIT m_view->Refused(field->text());
+        return false;
+    }
     if (field == nullptr || event->type() != QEvent::KeyPress)
         return QStyledItemDelegate::eventFilter(object, event);
     const auto forward = DirectionOf(*static_cast<QKeyEvent*>(event));
@@ -76,14 +81,19 @@ bool CellEditor::eventFilter(QObject* object, QEvent* event)
     return true;
 }
 
+bool CellEditor::Accepts(const QLineEdit& field) const
+{
+    return qobject_cast<const DataGrid*>(m_view->model())->Accepts(field.text());
+}
+
 bool CellEditor::Commit()
 {
     if (m_field == nullptr)
         return true;
     QLineEdit* field = m_field;
-    const auto* grid = qobject_cast<const DataGrid*>(m_view->model());
-    if (!grid->Accepts(field->text())) {
+    if (!Accepts(*field)) {
         QApplication::beep();
+        field->setFocus();
         field->selectAll();
         Q_EMIT m_view->Refused(field->text());
         return false;

@@ -31,6 +31,8 @@ protected:
     bool eventFilter(QObject* object, QEvent* event) override;
 
 private:
+    bool Accepts(const QLineEdit& field) const;
+
     GridView* m_view;
     mutable QPointer<QLineEdit> m_field; ///< the open one; views ask for it from a const routine
 };

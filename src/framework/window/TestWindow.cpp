@@ -331,10 +331,18 @@ void TestWindow::Activated()
 
 void TestWindow::closeEvent(QCloseEvent* event)
 {
-    if (CommitGrids() && CloseDocument(*m_document))
-        event->accept();
-    else
-        event->ignore();
+    event->setAccepted(m_unloading || QueryUnload());
+}
+
+bool TestWindow::QueryUnload()
+{
+    return CommitGrids() && CloseDocument(*m_document);
+}
+
+void TestWindow::Unload()
+{
+    m_unloading = true;
+    FileChiudi();
 }
 
 void TestWindow::paintEvent(QPaintEvent* /*event*/)

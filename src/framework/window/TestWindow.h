@@ -39,6 +39,13 @@ public:
     /// The window has become the active one.
     virtual void Activated();
 
+    /// Whether closing asks about this document.
+    bool HasChanges() const { return m_document->IsModify() || m_document->ChangeMade(); }
+    /// Asks what becomes of the changes. False when the window has to stay.
+    bool QueryUnload();
+    /// Closes without a further question.
+    void Unload();
+
     QSize sizeHint() const override;
 
 protected:
@@ -101,4 +108,5 @@ private:
     QTabWidget* m_tabs;
     StatusPanels* m_panels;
     QList<GridView*> m_grids;
+    bool m_unloading = false; ///< the question was asked
 };

@@ -1,7 +1,10 @@
 #include "validation/limits/LimiWindow.h"
 
 #include <QButtonGroup>
+#include <QFontMetrics>
 #include <QGridLayout>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -48,6 +51,10 @@ QGroupBox* LimiWindow::ResultFrame()
     layout->addWidget(Fields().CaptionLabel("LabelRil"_L1), 3, 0);
     layout->addWidget(Fields().ResultLabel(fields[1]), 3, 1);
     layout->addWidget(Fields().ResultLabel(fields[2]), 3, 1);
+    // Whichever caption stands there, the fields keep their place.
+    const QFontMetrics metrics(box->font());
+    layout->setColumnMinimumWidth(0, std::max(metrics.horizontalAdvance(fields[1].caption),
+                                              metrics.horizontalAdvance(fields[2].caption)));
     layout->setColumnStretch(1, 1);
     return box;
 }

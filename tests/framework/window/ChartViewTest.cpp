@@ -166,6 +166,19 @@ private Q_SLOTS:
         QVERIFY(m_view->accessibleDescription().contains(u"A: da 10,25 a 12,5, media 11"_s));
     }
 
+    /// Digits that tell neighbours apart, far from zero, too.
+    void ValuesFarFromZero()
+    {
+        ChartData chart = Roof();
+        chart.x.scale = ChartScale{499.998, 500.006};
+        for (auto& row : chart.rows)
+            row[0] = 499.998 + row[0] * 0.0008;
+        Show(chart);
+        QCOMPARE(TipAt(Middle()), u"x = 500,002; y = 2"_s);
+        QVERIFY(TipAt(Middle() + QPoint(100, 0)).startsWith(u"x = 500,003"_s));
+        QVERIFY(m_view->accessibleDescription().endsWith(u"da 499,998 a 500,006"_s));
+    }
+
     void WheelZoomsAroundThePointerAndDoubleClickGoesBack()
     {
         Show(Roof());

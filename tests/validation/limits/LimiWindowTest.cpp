@@ -114,6 +114,25 @@ private Q_SLOTS:
         QTest::keyClick(Editor(), Qt::Key_Escape);
     }
 
+    /// Whatever takes the focus: the text stays to be mended, and nothing is calculated without it.
+    void RefusedTextOutlivesItsFocus()
+    {
+        m_open->Type(0, u"1"_s);
+        m_open->ShowData();
+        Focus(0, 0);
+        QTest::keyClicks(m_open->GridWidget(), u"1"_s);
+        QTest::keyClicks(Editor(), u"250"_s);
+        m_open->Find<QLineEdit>("nDet")->setFocus();
+        QCOMPARE(m_open->Find<QLabel>("DescrBar")->text(), u"\"1250\" non è un numero da 0 a 999,999"_s);
+        m_open->Trigger("StrumentiCalcola");
+        QCOMPARE(m_open->Find<QLabel>("StDev")->text(), u"0,000"_s);
+        QTRY_COMPARE(Editor()->text(), u"1250"_s);
+        QTest::keyClicks(Editor(), u"125"_s);
+        m_open->Trigger("StrumentiCalcola");
+        QCOMPARE(m_open->CellText(0), u"125,000"_s);
+        QVERIFY(m_open->Find<QLabel>("StDev")->text() != u"0,000"_s);
+    }
+
     void EmptiedCellEndsTheProgramAsTheFileMenuDoes()
     {
         m_open->ShowData();

@@ -71,7 +71,7 @@ private Q_SLOTS:
         QCOMPARE(m_open->Find<QLabel>("Media")->text(), u"100,033"_s);
         QCOMPARE(m_open->Find<QLabel>("SupConf")->text(), u"100,550"_s);
         QVERIFY(m_open->Find<QPlainTextEdit>("cConcl")->toPlainText().contains(u"P% = ± 0,516\n"_s));
-        QCOMPARE(chart->accessibleDescription(), u"Precisione; Curva di precisione: da 99,201 a 100,87"_s);
+        QCOMPARE(chart->accessibleDescription(), u"Precisione; Curva di precisione: da 99,201 a 100,865"_s);
         m_open->TriggerWithFile("FileSalva", folder.filePath(u"a.PRE"_s));
         QVERIFY(BytesOf(folder.filePath(u"a.PRE"_s))
                     .endsWith("\r\n3\r\n 1,99.800\r\n2,100.100\r\n3,100.200\r\n"));
