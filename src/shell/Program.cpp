@@ -8,11 +8,14 @@
 #include <QSettings>
 #include <QTimer>
 
+#include <chrono>
+
 using namespace Qt::StringLiterals;
 
 namespace
 {
 const QString kFramePlace = u"frame/geometry"_s;
+constexpr std::chrono::milliseconds kIconDelay{100};
 } // namespace
 
 Program::Program()
@@ -41,8 +44,8 @@ bool Program::Start()
     m_messages.SetParent(m_window.get());
     m_window->restoreGeometry(QSettings().value(kFramePlace).toByteArray());
     m_window->show();
-    // The picture needs a decoder, which the frame need not wait for.
-    QTimer::singleShot(0, m_window.get(),
+    // The picture needs a decoder, which the frame need not wait for: it comes once that is painted.
+    QTimer::singleShot(kIconDelay, m_window.get(),
                        [this] { m_window->setWindowIcon(QIcon(u":/toolbar/Program.svg"_s)); });
     return true;
 }
