@@ -216,9 +216,9 @@ void MainWindow::ShowTest(QStringView key)
     window->show();
 }
 
-QList<QMdiSubWindow*> MainWindow::Windows(bool minimized) const
+QList<QMdiSubWindow*> MainWindow::Windows(bool minimized, QMdiArea::WindowOrder order) const
 {
-    QList<QMdiSubWindow*> windows = m_area->subWindowList();
+    QList<QMdiSubWindow*> windows = m_area->subWindowList(order);
     erase_if(windows,
              [minimized](const QMdiSubWindow* window) { return window->isMinimized() != minimized; });
     return windows;
@@ -245,8 +245,7 @@ void MainWindow::Arrange(Arrangement arrangement)
 /// Each a title bar below the one behind it, the active one in front of all.
 void MainWindow::CascadeWindows()
 {
-    QList<QMdiSubWindow*> windows = m_area->subWindowList(QMdiArea::StackingOrder);
-    erase_if(windows, [](const QMdiSubWindow* window) { return window->isMinimized(); });
+    const QList<QMdiSubWindow*> windows = Windows(false, QMdiArea::StackingOrder);
     const int step = style()->pixelMetric(QStyle::PM_TitleBarHeight) +
                      style()->pixelMetric(QStyle::PM_MdiSubWindowFrameWidth);
     QPoint at;

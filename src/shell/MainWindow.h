@@ -42,7 +42,8 @@ private:
     void CascadeWindows();
     void TileWindows(Qt::Orientation along);
     void ArrangeIcons();
-    QList<QMdiSubWindow*> Windows(bool minimized) const;
+    QList<QMdiSubWindow*> Windows(bool minimized,
+                                  QMdiArea::WindowOrder order = QMdiArea::CreationOrder) const;
 
     void ShowCompanyData();
     void ShowOptions();

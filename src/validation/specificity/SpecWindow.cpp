@@ -22,18 +22,24 @@ void SpecWindow::Activated()
     TestWindow::Activated();
 }
 
-/// explanation: name and text of the word in front, name and text of the sentence.
-QGroupBox* SpecWindow::GroupFrame(const QString& frameName, const QString& title, const CountField& field,
-                                  const std::array<QString, 4>& explanation)
+QGroupBox* SpecWindow::GroupFrame(const GroupText& group)
 {
-    QGroupBox* box = CountFrame(frameName, title, field);
-    auto* layout = qobject_cast<QGridLayout*>(box->layout());
-    QLabel* word = WindowFields::FixedLabel(explanation[0], explanation[1]);
+    QGroupBox* box = CountFrame(group.frame, group.title,
+                                {.control = group.control,
+                                 .captionName = group.captionName,
+                                 .caption = u"N. determinazioni"_s,
+                                 .minimumName = group.minimumName,
+                                 .minimum = u"(min. 5)"_s});
+    QLabel* word = WindowFields::FixedLabel(group.wordName, group.word);
     QFont bold = word->font();
     bold.setBold(true);
     word->setFont(bold);
-    QLabel* sentence = WindowFields::FixedLabel(explanation[2], explanation[3]);
+    QLabel* sentence = WindowFields::FixedLabel(
+        group.sentenceName,
+        u"Risultati ottenuti nella determinazione dell'analita in %1 di altre sostanze (prodotti di degradazione, "
+        "impurezze di sintesi, eccipienti, ...)"_s.arg(group.word));
     sentence->setWordWrap(true);
+    auto* layout = qobject_cast<QGridLayout*>(box->layout());
     layout->addWidget(word, 1, 0, 1, 3);
     layout->addWidget(sentence, 2, 0, 1, 3);
     return box;
@@ -41,26 +47,22 @@ QGroupBox* SpecWindow::GroupFrame(const QString& frameName, const QString& title
 
 QWidget* SpecWindow::DataPage()
 {
-    QGroupBox* a =
-        GroupFrame(u"Frame3"_s, u"Gruppo A"_s,
-                   {.control = SpecDocument::kGruppoA,
-                    .captionName = u"Label7"_s,
-                    .caption = u"N. determinazioni"_s,
-                    .minimumName = u"Label20"_s,
-                    .minimum = u"(min. 5)"_s},
-                   {u"Label1"_s, u"presenza"_s, u"Label3"_s,
-                    u"Risultati ottenuti nella determinazione dell'analita in presenza di altre sostanze "
-                    "(prodotti di degradazione, impurezze di sintesi, eccipienti, ...)"_s});
-    QGroupBox* b =
-        GroupFrame(u"Frame4"_s, u"Gruppo B"_s,
-                   {.control = SpecDocument::kGruppoB,
-                    .captionName = u"Label22"_s,
-                    .caption = u"N. determinazioni"_s,
-                    .minimumName = u"Label21"_s,
-                    .minimum = u"(min. 5)"_s},
-                   {u"Label2"_s, u"assenza"_s, u"Label23"_s,
-                    u"Risultati ottenuti nella determinazione dell'analita in assenza di altre sostanze "
-                    "(prodotti di degradazione, impurezze di sintesi, eccipienti, ...)"_s});
+    QGroupBox* a = GroupFrame({.control = SpecDocument::kGruppoA,
+                               .frame = u"Frame3"_s,
+                               .title = u"Gruppo A"_s,
+                               .captionName = u"Label7"_s,
+                               .minimumName = u"Label20"_s,
+                               .wordName = u"Label1"_s,
+                               .word = u"presenza"_s,
+                               .sentenceName = u"Label3"_s});
+    QGroupBox* b = GroupFrame({.control = SpecDocument::kGruppoB,
+                               .frame = u"Frame4"_s,
+                               .title = u"Gruppo B"_s,
+                               .captionName = u"Label22"_s,
+                               .minimumName = u"Label21"_s,
+                               .wordName = u"Label2"_s,
+                               .word = u"assenza"_s,
+                               .sentenceName = u"Label23"_s});
     return TwoSides({a, b, GridFrame(u"Frame1"_s, u"Risultati"_s)}, {ResultFrame()});
 }
 

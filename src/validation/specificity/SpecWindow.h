@@ -14,8 +14,19 @@ public:
     void Activated() override;
 
 private:
+    /// What tells the frames of the two groups apart: their field, the names of their controls, their words.
+    struct GroupText {
+        QLatin1StringView control;
+        QString frame;
+        QString title;
+        QString captionName;
+        QString minimumName;
+        QString wordName;
+        QString word;
+        QString sentenceName;
+    };
+
     QWidget* DataPage();
-    QGroupBox* GroupFrame(const QString& frameName, const QString& title, const CountField& field,
-                          const std::array<QString, 4>& explanation);
+    QGroupBox* GroupFrame(const GroupText& group);
     QGroupBox* ResultFrame();
 };

@@ -25,6 +25,10 @@ private Q_SLOTS:
         m_open->ShowData();
         QCOMPARE(m_open->Find<QLabel>("Label1")->text() + u'|' + m_open->Find<QLabel>("Label2")->text(),
                  u"presenza|assenza"_s);
+        QCOMPARE(
+            m_open->Find<QLabel>("Label23")->text(),
+            u"Risultati ottenuti nella determinazione dell'analita in assenza di altre sostanze (prodotti "
+            "di degradazione, impurezze di sintesi, eccipienti, ...)"_s);
         for (const auto& [label, left, right] : {std::tuple("Label4", "MediaA", "MediaB"),
                                                  {"Label5", "InfConfA", "InfConfB"},
                                                  {"Label6", "SupConfA", "SupConfB"},
