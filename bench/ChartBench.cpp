@@ -1,7 +1,7 @@
 // Painting the charts of the samples after their first painting, on screens of two sizes, and on paper.
 #include "Nobody.h"
-#include "framework/ChartPainter.h"
-#include "framework/DocumentLife.h"
+#include "framework/chart/ChartPainter.h"
+#include "framework/document/DocumentLife.h"
 #include "validation/DocumentFactory.h"
 
 #include <QApplication>

@@ -1,7 +1,7 @@
 // One document's road: read, calculated, printed as JSON.
 #include "Nobody.h"
 #include "batch/JsonOutput.h"
-#include "framework/TextFunctions.h"
+#include "framework/text/TextFunctions.h"
 #include "validation/DocumentFactory.h"
 
 #include <QCoreApplication>

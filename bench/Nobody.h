@@ -1,7 +1,7 @@
 // The world around a document in a benchmark: nobody answers.
 #pragma once
 
-#include "framework/TestDocument.h"
+#include "framework/document/TestDocument.h"
 
 class Nobody : public CommonDialog, public Messages, public FTable
 {

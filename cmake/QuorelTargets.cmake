@@ -28,13 +28,23 @@ if(QUOREL_SANITIZE)
     target_link_options(quorel_config INTERFACE -fsanitize=address,undefined)
 endif()
 
-# quorel_library(NAME HEADERS ... SOURCES ... [LINK ...])
-# A floor of the house: a static library whose link list is all that it may use.
+# quorel_library(NAME FILES ... [LINK ...])
+# A floor of the house: a static library whose link list is all that it may use. Each of FILES stands for a header and,
+# where there is one, a source of that name; one that ends in .h for the header alone.
 function(quorel_library name)
-    cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "HEADERS;SOURCES;LINK")
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "FILES;LINK")
+    set(headers ${arg_FILES})
+    list(TRANSFORM headers REPLACE "\\.h$" "")
+    list(TRANSFORM headers APPEND .h)
+    set(sources)
+    foreach(file IN LISTS arg_FILES)
+        if(EXISTS ${CMAKE_CURRENT_SOURCE_DIR}/${file}.cpp)
+            list(APPEND sources ${file}.cpp)
+        endif()
+    endforeach()
     add_library(${name} STATIC)
     target_sources(${name}
-        PRIVATE ${arg_SOURCES}
-        PUBLIC FILE_SET HEADERS BASE_DIRS ${CMAKE_CURRENT_SOURCE_DIR} FILES ${arg_HEADERS})
+        PRIVATE ${sources}
+        PUBLIC FILE_SET HEADERS BASE_DIRS ${CMAKE_CURRENT_SOURCE_DIR} FILES ${headers})
     target_link_libraries(${name} PUBLIC quorel_config ${arg_LINK})
 endfunction()

@@ -2,7 +2,7 @@
 // F.
 #pragma once
 
-#include "framework/TestDocument.h"
+#include "framework/document/TestDocument.h"
 
 #include <QFile>
 #include <QList>

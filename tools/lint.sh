@@ -12,6 +12,9 @@ say "layout (clang-format)"
 git ls-files '*.cpp' '*.h' | xargs clang-format --dry-run -Werror ||
     stop "the layout is not that of .clang-format; mend it with: git ls-files '*.cpp' '*.h' | xargs clang-format -i"
 
+say "rooms"
+tools/rooms.sh || stop "an include leads up or sideways in the house (see above)"
+
 say "warnings, and headers that compile alone"
 build dev
 build dev all_verify_interface_header_sets

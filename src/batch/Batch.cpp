@@ -2,9 +2,9 @@
 
 #include "batch/CommandLine.h"
 #include "batch/JsonOutput.h"
-#include "framework/ChartPainter.h"
-#include "framework/Database.h"
-#include "framework/SafeFile.h"
+#include "framework/chart/ChartPainter.h"
+#include "framework/files/Database.h"
+#include "framework/files/SafeFile.h"
 #include "validation/DocumentFactory.h"
 
 #include <QDir>

@@ -1,6 +1,6 @@
 #include "batch/CommandLine.h"
 
-#include "framework/TextFunctions.h"
+#include "framework/text/TextFunctions.h"
 
 #include <QCommandLineParser>
 

@@ -1,7 +1,7 @@
 // One document as one JSON object, and as a short text.
 #pragma once
 
-#include "framework/DocumentLife.h"
+#include "framework/document/DocumentLife.h"
 
 #include <QByteArray>
 #include <QList>

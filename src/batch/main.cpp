@@ -1,6 +1,6 @@
 // quorel-batch: the work of the windows without a window.
 #include "batch/Batch.h"
-#include "framework/ChartPainter.h"
+#include "framework/chart/ChartPainter.h"
 #include "stats/RuntimeFailure.h"
 
 #include <QCoreApplication>

@@ -1,7 +1,7 @@
 // The logo on a report: its size, and whether its section is there at all.
 #pragma once
 
-#include "framework/Define.h"
+#include "framework/document/Define.h"
 
 #include <QString>
 

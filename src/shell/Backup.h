@@ -1,8 +1,8 @@
 // The backup of the data files.
 #pragma once
 
-#include "framework/Define.h"
-#include "framework/Messages.h"
+#include "framework/document/Define.h"
+#include "framework/document/Messages.h"
 
 #include <QString>
 

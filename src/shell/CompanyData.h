@@ -1,9 +1,9 @@
 // The laboratory's company data: one record of the database, and the logo's path in it.
 #pragma once
 
-#include "framework/Database.h"
-#include "framework/Define.h"
-#include "framework/Messages.h"
+#include "framework/document/Define.h"
+#include "framework/document/Messages.h"
+#include "framework/files/Database.h"
 
 /// The path of the logo in the database, empty when there is none. Fails as ReadCompany does.
 QString GetLogoPath(const QString& dbFile);

@@ -1,8 +1,8 @@
 // The laboratory's company data, as reports are headed with them.
 #pragma once
 
-#include "framework/Database.h"
-#include "framework/TestDocument.h"
+#include "framework/document/TestDocument.h"
+#include "framework/files/Database.h"
 #include "shell/LogoView.h"
 
 #include <QButtonGroup>

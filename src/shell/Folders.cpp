@@ -1,6 +1,6 @@
 #include "shell/Folders.h"
 
-#include "framework/SafeFile.h"
+#include "framework/files/SafeFile.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,8 +1,8 @@
 // The folders that the program works in: whether the user may, and making them.
 #pragma once
 
-#include "framework/Define.h"
-#include "framework/Messages.h"
+#include "framework/document/Define.h"
+#include "framework/document/Messages.h"
 
 #include <QString>
 

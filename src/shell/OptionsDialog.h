@@ -1,7 +1,7 @@
 // The options: folders of data and backup, backup at closing.
 #pragma once
 
-#include "framework/TestDocument.h"
+#include "framework/document/TestDocument.h"
 
 #include <QCheckBox>
 #include <QDialog>

@@ -1,8 +1,8 @@
 // The program as one object: global values, what the documents need around them, and the frame.
 #pragma once
 
-#include "framework/Database.h"
-#include "framework/Define.h"
+#include "framework/document/Define.h"
+#include "framework/files/Database.h"
 #include "framework/window/FileDialog.h"
 #include "framework/window/MessageBoxes.h"
 #include "shell/MainWindow.h"

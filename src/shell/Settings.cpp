@@ -1,6 +1,6 @@
 #include "shell/Settings.h"
 
-#include "framework/SafeFile.h"
+#include "framework/files/SafeFile.h"
 #include "stats/RuntimeFailure.h"
 
 #include <QByteArray>

@@ -1,6 +1,6 @@
 #include "shell/StartUp.h"
 
-#include "framework/TextFunctions.h"
+#include "framework/text/TextFunctions.h"
 #include "shell/CompanyData.h"
 #include "shell/Folders.h"
 #include "shell/Settings.h"

@@ -1,8 +1,8 @@
 // What happens before the frame is shown: global values, folders, settings, database.
 #pragma once
 
-#include "framework/Define.h"
-#include "framework/Messages.h"
+#include "framework/document/Define.h"
+#include "framework/document/Messages.h"
 
 #include <QString>
 

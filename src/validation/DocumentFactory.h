@@ -1,7 +1,7 @@
 // Makes the document of a test.
 #pragma once
 
-#include "framework/TestDocument.h"
+#include "framework/document/TestDocument.h"
 
 #include <memory>
 

@@ -1,7 +1,7 @@
 // The options and the company data: what they show, store and refuse.
 #include "Compare.h"
 #include "TestPlace.h"
-#include "framework/Database.h"
+#include "framework/files/Database.h"
 #include "reports/ReportLogo.h"
 #include "shell/CompanyDataDialog.h"
 #include "shell/OptionsDialog.h"

@@ -3,7 +3,7 @@
 #include "Compare.h"
 #include "FullDisk.h"
 #include "TestPlace.h"
-#include "framework/Database.h"
+#include "framework/files/Database.h"
 #include "shell/Backup.h"
 #include "shell/CompanyData.h"
 #include "shell/Folders.h"

@@ -1,5 +1,5 @@
 // The entries of the module.
-#include "framework/ChartModule.h"
+#include "framework/chart/ChartModule.h"
 
 #include "framework/chart/PlotPainter.h"
 

@@ -1,7 +1,7 @@
 // The painter of charts over QCustomPlot. Nothing else of the program knows that library.
 #pragma once
 
-#include "framework/ChartPainter.h"
+#include "framework/chart/ChartPainter.h"
 
 #include <memory>
 

@@ -1,7 +1,7 @@
 // Dragging a grid's selected block by its border to another place.
 #pragma once
 
-#include "framework/DataGrid.h"
+#include "framework/grid/DataGrid.h"
 
 #include <QObject>
 #include <QPoint>

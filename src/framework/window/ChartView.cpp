@@ -1,6 +1,6 @@
 #include "framework/window/ChartView.h"
 
-#include "framework/SafeFile.h"
+#include "framework/files/SafeFile.h"
 
 #include <QClipboard>
 #include <QContextMenuEvent>

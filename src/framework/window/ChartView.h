@@ -2,8 +2,8 @@
 // and a menu to copy and save it.
 #pragma once
 
-#include "framework/ChartPainter.h"
-#include "framework/TestDocument.h"
+#include "framework/chart/ChartPainter.h"
+#include "framework/document/TestDocument.h"
 
 #include <QWidget>
 

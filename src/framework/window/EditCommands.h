@@ -1,7 +1,7 @@
 // Clear, copy, cut and paste, on the control that has the focus: a grid's block, or a text's selection.
 #pragma once
 
-#include "framework/TestDocument.h"
+#include "framework/document/TestDocument.h"
 
 #include <QWidget>
 

@@ -1,7 +1,7 @@
 // The shared file dialog as a window.
 #pragma once
 
-#include "framework/CommonDialog.h"
+#include "framework/document/CommonDialog.h"
 
 #include <QPointer>
 #include <QWidget>

@@ -1,7 +1,7 @@
 // The grid of measured values on screen: typing, the caret's way down the columns, blocks.
 #pragma once
 
-#include "framework/DataGrid.h"
+#include "framework/grid/DataGrid.h"
 
 #include <QLabel>
 #include <QMenu>

@@ -1,7 +1,7 @@
 // Messages as message boxes.
 #pragma once
 
-#include "framework/Messages.h"
+#include "framework/document/Messages.h"
 
 #include <QPointer>
 #include <QWidget>

@@ -1,8 +1,8 @@
 // The counts of integer and decimal digits of a document.
 #pragma once
 
-#include "framework/DataGrid.h"
-#include "framework/TestDocument.h"
+#include "framework/document/TestDocument.h"
+#include "framework/grid/DataGrid.h"
 
 #include <QDialog>
 #include <QLineEdit>

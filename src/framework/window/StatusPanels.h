@@ -1,7 +1,7 @@
 // The status bar of a test window: a description, the number format, and a panel for each other test.
 #pragma once
 
-#include "framework/TestRegistry.h"
+#include "framework/document/TestRegistry.h"
 #include "framework/window/Frame.h"
 
 #include <QLabel>

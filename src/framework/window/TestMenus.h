@@ -1,7 +1,7 @@
 // The menus and the toolbar of a test window: one table for all seven tests.
 #pragma once
 
-#include "framework/TestRegistry.h"
+#include "framework/document/TestRegistry.h"
 
 #include <QAction>
 #include <QList>

@@ -2,7 +2,7 @@
 // to the document. It computes nothing.
 #pragma once
 
-#include "framework/DocumentLife.h"
+#include "framework/document/DocumentLife.h"
 #include "framework/window/Descriptions.h"
 #include "framework/window/Frame.h"
 #include "framework/window/GridView.h"

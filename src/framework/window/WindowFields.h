@@ -1,7 +1,7 @@
 // The fields of a test window and their way to the document and back.
 #pragma once
 
-#include "framework/TestDocument.h"
+#include "framework/document/TestDocument.h"
 
 #include <QGroupBox>
 #include <QLabel>

@@ -1,7 +1,7 @@
 #include "validation/limits/LimiDocument.h"
 
-#include "framework/Conclusions.h"
-#include "framework/TextFunctions.h"
+#include "framework/text/Conclusions.h"
+#include "framework/text/TextFunctions.h"
 
 using namespace Qt::StringLiterals;
 

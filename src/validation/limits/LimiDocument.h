@@ -1,7 +1,7 @@
 // The document of the test of the detection and quantitation limits, key LIMI, files *.LIM.
 #pragma once
 
-#include "framework/ColumnDocument.h"
+#include "framework/document/ColumnDocument.h"
 #include "validation/limits/LimiCalc.h"
 
 #include <QStringList>

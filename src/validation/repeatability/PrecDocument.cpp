@@ -1,7 +1,7 @@
 #include "validation/repeatability/PrecDocument.h"
 
-#include "framework/Conclusions.h"
-#include "framework/TextFunctions.h"
+#include "framework/text/Conclusions.h"
+#include "framework/text/TextFunctions.h"
 #include "stats/Statistics.h"
 
 #include <cmath>

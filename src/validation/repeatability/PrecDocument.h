@@ -1,7 +1,7 @@
 // The document of the repeatability test, key PREC, files *.PRE.
 #pragma once
 
-#include "framework/ColumnDocument.h"
+#include "framework/document/ColumnDocument.h"
 #include "validation/repeatability/PrecCalc.h"
 
 #include <array>

@@ -1,7 +1,7 @@
 // The document of the specificity test, key SPEC, files *.SPC.
 #pragma once
 
-#include "framework/TestDocument.h"
+#include "framework/document/TestDocument.h"
 #include "validation/specificity/SpecCalc.h"
 
 #include <array>

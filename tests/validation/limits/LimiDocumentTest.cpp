@@ -2,7 +2,7 @@
 #include "validation/limits/LimiDocument.h"
 #include "Compare.h"
 #include "TestPlace.h"
-#include "framework/DocumentLife.h"
+#include "framework/document/DocumentLife.h"
 #include "validation/limits/LimiCalc.h"
 
 #include <QSignalSpy>

@@ -2,7 +2,7 @@
 #include "validation/repeatability/PrecDocument.h"
 #include "Compare.h"
 #include "TestPlace.h"
-#include "framework/DocumentLife.h"
+#include "framework/document/DocumentLife.h"
 #include "stats/Statistics.h"
 #include "validation/repeatability/PrecCalc.h"
 

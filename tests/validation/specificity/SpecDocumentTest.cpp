@@ -3,7 +3,7 @@
 #include "validation/specificity/SpecDocument.h"
 #include "Compare.h"
 #include "TestPlace.h"
-#include "framework/DocumentLife.h"
+#include "framework/document/DocumentLife.h"
 #include "stats/Statistics.h"
 #include "validation/specificity/SpecCalc.h"
 

@@ -1,0 +1,155 @@
+#include "framework/files/Database.h"
+
+#include "stats/RuntimeFailure.h"
+
+#include <QFileInfo>
+#include <QSqlDatabase>
+#include <QSqlError>
+#include <QSqlQuery>
+#include <QStringList>
+#include <QUuid>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+/// How the driver says that a text is longer than its field; the field's name follows.
+constexpr auto kCheckFailed = "CHECK constraint failed: "_L1;
+
+[[noreturn]] void Fail(FailureKind kind, const QSqlError& error)
+{
+    throw RuntimeFailure(kind, RuntimeFailure(kind).Text() + " (" + error.databaseText().toStdString() + ")");
+}
+
+/// A connection of its own for one operation, closed and removed at its end.
+class Connection
+{
+public:
+    enum class Access { Read, Write };
+
+    Connection(const QString& dbFile, Access access) : m_name(QUuid::createUuid().toString())
+    {
+        m_database = QSqlDatabase::addDatabase(u"QSQLITE"_s, m_name);
+        m_database.setDatabaseName(dbFile);
+        // A second is long enough for another copy of the program, and short enough for whoever waits.
+        m_database.setConnectOptions(access == Access::Read
+                                         ? u"QSQLITE_BUSY_TIMEOUT=1000;QSQLITE_OPEN_READONLY"_s
+                                         : u"QSQLITE_BUSY_TIMEOUT=1000"_s);
+        const bool exists = QFileInfo(dbFile).isFile(); // the driver would make an empty one
+        if (!exists || !m_database.open()) {
+            const QSqlError error = m_database.lastError();
+            Remove();
+            if (!exists)
+                throw RuntimeFailure(FailureKind::DatabaseNotOpen);
+            Fail(FailureKind::DatabaseNotOpen, error);
+        }
+    }
+    ~Connection() { Remove(); }
+    Q_DISABLE_COPY_MOVE(Connection)
+
+    QSqlQuery Query() const
+    {
+        QSqlQuery query(m_database);
+        query.setForwardOnly(true);
+        return query;
+    }
+
+private:
+    void Remove()
+    {
+        m_database = QSqlDatabase();
+        QSqlDatabase::removeDatabase(m_name);
+    }
+
+    QString m_name;
+    QSqlDatabase m_database;
+};
+
+/// A missing table is that; anything else is what the operation tells of.
+[[noreturn]] void FailStatement(FailureKind otherwise, const QSqlError& error)
+{
+    const bool noTable = error.databaseText().contains("no such table"_L1);
+    Fail(noTable ? FailureKind::TableNotFound : otherwise, error);
+}
+
+void RunQuestion(QSqlQuery& query, const QString& sql)
+{
+    if (!query.exec(sql))
+        FailStatement(FailureKind::DatabaseNotOpen, query.lastError());
+}
+
+[[noreturn]] void FailWriting(const QSqlError& error)
+{
+    const QString text = error.databaseText();
+    if (const qsizetype at = text.indexOf(kCheckFailed); at >= 0)
+        throw RuntimeFailure(FailureKind::FieldTooSmall, text.sliced(at + kCheckFailed.size()).toStdString());
+    FailStatement(FailureKind::DatabaseNotWritten, error);
+}
+
+QStringList CompanyFields()
+{
+    QStringList fields;
+    for (const QLatin1StringView field : Company::kFields)
+        fields += field;
+    return fields + QStringList{u"LOGOTXT"_s, u"NOLOGOFLAG"_s};
+}
+
+} // namespace
+
+Company ReadCompany(const QString& dbFile)
+{
+    const Connection connection(dbFile, Connection::Access::Read);
+    QSqlQuery query = connection.Query();
+    RunQuestion(query, u"SELECT %1 FROM Anagrafica ORDER BY ID LIMIT 1"_s.arg(CompanyFields().join(u", ")));
+    if (!query.next())
+        throw RuntimeFailure(FailureKind::TableNotFound, "La tabella Anagrafica è vuota");
+    Company company;
+    int column = 0;
+    for (QString& text : company.texts)
+        text = query.value(column++).toString();
+    company.logoPath = query.value(column++).toString();
+    company.noLogo = query.value(column).toBool();
+    return company;
+}
+
+void WriteCompany(const QString& dbFile, const Company& company)
+{
+    const Connection connection(dbFile, Connection::Access::Write);
+    QSqlQuery query = connection.Query();
+    const QString assignments = CompanyFields().join(u" = ?, ") + u" = ?"_s;
+    if (!query.prepare(
+            u"UPDATE Anagrafica SET %1 WHERE ID = (SELECT min(ID) FROM Anagrafica)"_s.arg(assignments)))
+        FailWriting(query.lastError());
+    for (const QString& text : company.texts)
+        query.addBindValue(text);
+    query.addBindValue(company.logoPath);
+    query.addBindValue(company.noLogo ? 1 : 0);
+    if (!query.exec())
+        FailWriting(query.lastError());
+    if (query.numRowsAffected() != 1)
+        throw RuntimeFailure(FailureKind::TableNotFound, "La tabella Anagrafica è vuota");
+}
+
+DatabaseFTable::DatabaseFTable(QString dbFile) : m_dbFile(std::move(dbFile)) {}
+
+void DatabaseFTable::Read()
+{
+    const Connection connection(m_dbFile, Connection::Access::Read);
+    QSqlQuery query = connection.Query();
+    RunQuestion(query, u"SELECT GDL_1, GDL_2, VAL_F FROM TabF"_s);
+    while (query.next()) {
+        const std::pair key(query.value(0).toInt(), query.value(1).toInt());
+        m_values.try_emplace(key, query.value(2).toDouble()); // the first row of a pair counts
+    }
+    m_read = true;
+}
+
+std::optional<double> DatabaseFTable::Find(std::int16_t gdl1, std::int16_t gdl2)
+{
+    const std::scoped_lock lock(m_mutex);
+    if (!m_read)
+        Read();
+    const auto found = m_values.find({gdl1, gdl2});
+    return found == m_values.end() ? std::nullopt : std::optional(found->second);
+}

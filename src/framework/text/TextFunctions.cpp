@@ -1,0 +1,46 @@
+#include "framework/text/TextFunctions.h"
+
+#include <QLocale>
+
+#include <algorithm>
+#include <utility>
+
+QString ReplaceStr(QString& text, const QString& search, const QString& replacement)
+{
+    if (replacement == search || search.isEmpty())
+        return text;
+    const bool single = replacement.contains(search);
+    qsizetype at = text.indexOf(search);
+    while (at >= 0) {
+        text.replace(at, search.size(), replacement);
+        // No match begins before `at`; a new one can only reach into what was just put in.
+        const qsizetype next =
+            single ? at + replacement.size() : std::max<qsizetype>(0, at - search.size() + 1);
+        at = text.indexOf(search, next);
+    }
+    return text;
+}
+
+QString ReplaceStr(QString&& text, const QString& search, const QString& replacement)
+{
+    return ReplaceStr(text, search, replacement);
+}
+
+QString TrimBlanks(QStringView text)
+{
+    while (text.startsWith(u' '))
+        text = text.sliced(1);
+    while (text.endsWith(u' '))
+        text.chop(1);
+    return text.toString();
+}
+
+QString GetDecSep()
+{
+    return QLocale::system().toString(1.5F).sliced(1, 1);
+}
+
+QString OtherDecSep(QStringView decSep)
+{
+    return decSep == u"," ? QStringLiteral(".") : QStringLiteral(",");
+}

@@ -1,0 +1,265 @@
+// New, Open, Save, Save as and Close, with every answer; the file name that all documents share; saves that
+// fail.
+#include "framework/document/DocumentLife.h"
+#include "Compare.h"
+#include "TestPlace.h"
+#include "validation/limits/LimiDocument.h"
+
+#include <QTemporaryDir>
+
+using namespace Qt::StringLiterals;
+
+class DocumentLifeTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init()
+    {
+        FailOnWarnings();
+        m_folder = std::make_unique<QTemporaryDir>();
+        m_place = std::make_unique<TestPlace>();
+        m_document = std::make_unique<LimiDocument>(m_place->Context());
+    }
+
+    void FileDialogOfATest()
+    {
+        m_place->define.OpenSaveFolder = u"Documenti/"_s;
+        SetFileDialog(m_place->Context(), m_document->Info());
+        QCOMPARE(m_place->dialog.Filter, u"Limiti (*.LIM)|*.LIM"_s);
+        QCOMPARE(m_place->dialog.DefaultExt, u"LIM"_s);
+        QCOMPARE(m_place->dialog.InitDir, u"Documenti/"_s);
+    }
+
+    void Registry()
+    {
+        QStringList keys;
+        QStringList filters;
+        for (const TestInfo& info : TestRegistry()) {
+            keys += info.key;
+            filters += info.Filter();
+        }
+        QCOMPARE(keys.join(u' '), u"SPEC TARA PREC ACCU LIMI RIPR PRIN"_s);
+        QCOMPARE(filters[2], u"Precisione (*.PRE)|*.PRE"_s);
+        QCOMPARE(FindTest("PREC")->TitleNoFile(), u"Ripetibilità - no file"_s);
+        QCOMPARE(FindTestOfFile(u"a.b/lotto.spc")->key, "SPEC"_L1);
+        QCOMPARE(FindTestOfFile(u"SPC"), nullptr);
+        QCOMPARE(FindTestOfFile(u"lotto.SPCX"), nullptr);
+    }
+
+    void CloseAsks_data()
+    {
+        QTest::addColumn<int>("changed"); // 0 nothing, 1 the grid, 2 a header field
+        QTest::addColumn<int>("answer");
+        QTest::addColumn<QString>("saveAs"); // empty: cancelled in the dialog
+        QTest::addColumn<bool>("closes");
+        QTest::addColumn<bool>("saved");
+        const QString name = u"saved.LIM"_s;
+        const int no = static_cast<int>(Answer::No);
+        const int yes = static_cast<int>(Answer::Yes);
+        const int cancel = static_cast<int>(Answer::Cancel);
+        QTest::addRow("nothing changed") << 0 << no << QString() << true << false;
+        QTest::addRow("no") << 1 << no << QString() << true << false;
+        QTest::addRow("cancel") << 1 << cancel << QString() << false << false;
+        QTest::addRow("yes") << 1 << yes << name << true << true;
+        QTest::addRow("yes, a header field alone") << 2 << yes << name << true << true;
+        QTest::addRow("yes, cancelled in the dialog") << 1 << yes << QString() << false << false;
+    }
+
+    void CloseAsks()
+    {
+        QFETCH(int, changed);
+        QFETCH(int, answer);
+        QFETCH(QString, saveAs);
+        QFETCH(bool, closes);
+        QFETCH(bool, saved);
+        Change(changed);
+        m_place->messages.WillAnswer(Answer{answer});
+        m_place->dialog.WillChoose(saveAs.isEmpty() ? saveAs : m_folder->filePath(saveAs));
+        QCOMPARE(CloseDocument(*m_document), closes);
+        QCOMPARE(m_place->messages.TakeOnly(), changed == 0 ? u"0 messages"_s : kQuestion);
+        QCOMPARE(QFile::exists(m_folder->filePath(u"saved.LIM"_s)), saved);
+        QCOMPARE(m_document->IsModify(), changed != 0 && !saved);
+    }
+
+    void NewKeepsOrResets()
+    {
+        Change(1);
+        m_place->messages.WillAnswer(Answer::Cancel);
+        QVERIFY(!NewDocument(*m_document));
+        QCOMPARE(m_document->Grid().Text(0, 0), u"5.000"_s);
+        QVERIFY(m_document->IsModify()); // the grid's flag is folded in before the question
+        m_place->messages.WillAnswer(Answer::No);
+        QVERIFY(NewDocument(*m_document));
+        QCOMPARE(m_document->Grid().Text(0, 0), u"0.000"_s);
+        QVERIFY(!m_document->IsModify() && !m_document->ChangeMade());
+    }
+
+    void Open()
+    {
+        m_place->dialog.WillChoose(DataFile(u"one-to-five.LIM"_s));
+        QVERIFY(OpenDocument(*m_document));
+        QCOMPARE(m_document->ControlText("LimDet"), u"15.8114"_s);
+        QCOMPARE(m_place->dialog.FileName, DataFile(u"one-to-five.LIM"_s));
+        QVERIFY(m_place->messages.All().isEmpty());
+
+        // A cancelled dialog leaves the document, and the name that it had asked for anew.
+        m_place->dialog.WillChoose(QString());
+        QVERIFY(!OpenDocument(*m_document));
+        QCOMPARE(m_document->ControlText("LimDet"), u"15.8114"_s);
+        QCOMPARE(m_place->dialog.FileName, QString());
+    }
+
+    void OpenAsksFirst()
+    {
+        Change(1);
+        m_place->messages.WillAnswer(Answer::Cancel);
+        QVERIFY(!OpenDocument(*m_document));
+        QCOMPARE(m_place->dialog.Asked(), 0);
+
+        // After a yes the saved document stays when the dialog of Open is cancelled.
+        const QString saved = m_folder->filePath(u"saved.LIM"_s);
+        m_place->messages.WillAnswer(Answer::Yes);
+        m_place->dialog.WillChoose(saved);
+        m_place->dialog.WillChoose(QString());
+        QVERIFY(!OpenDocument(*m_document));
+        QCOMPARE(m_document->Title(), u"Limiti - "_s + saved);
+    }
+
+    void OpenGoesOnAfterASaveCancelledInItsDialog_data()
+    {
+        QTest::addColumn<int>("changed");
+        QTest::addColumn<bool>("goesOn");
+        QTest::addRow("the grid alone: its flag is not folded in") << 1 << true;
+        QTest::addRow("a header field") << 2 << false;
+    }
+
+    void OpenGoesOnAfterASaveCancelledInItsDialog()
+    {
+        QFETCH(int, changed);
+        QFETCH(bool, goesOn);
+        Change(changed);
+        m_place->messages.WillAnswer(Answer::Yes);
+        m_place->dialog.WillChoose(QString());
+        if (goesOn)
+            m_place->dialog.WillChoose(DataFile(u"one-to-five.LIM"_s));
+        QCOMPARE(OpenDocument(*m_document), goesOn);
+        QCOMPARE(m_place->dialog.Asked(), goesOn ? 2 : 1);
+    }
+
+    void OpenWithoutAWord_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<int>("stop");
+        QTest::addRow("none") << u"none.LIM"_s << 0;
+        QTest::addRow("a folder") << u"."_s << 0;
+        QTest::addRow("cut") << u"cut.LIM"_s << 14;
+    }
+
+    void OpenWithoutAWord()
+    {
+        QFETCH(QString, name);
+        QFETCH(int, stop);
+        const QByteArray whole = BytesOf(DataFile(u"one-to-five.LIM"_s));
+        const QString cut = m_folder->filePath(u"cut.LIM"_s);
+        QVERIFY(WriteBytes(cut, whole.first(whole.indexOf("3,3"))));
+        m_place->dialog.WillChoose(m_folder->filePath(name));
+        QVERIFY(OpenDocument(*m_document));
+        QVERIFY(m_place->messages.All().isEmpty());
+        QCOMPARE(m_document->ReadStop(), std::optional(stop));
+        // What was not read is not overwritten: a save asks for a name.
+        m_place->dialog.WillChoose(QString());
+        SaveDocument(*m_document);
+        QCOMPARE(m_place->dialog.Asked(), 2);
+        QVERIFY(BytesOf(cut).size() < whole.size());
+    }
+
+    void AllDocumentsShareTheName()
+    {
+        LimiDocument other(m_place->Context());
+        const QString file = m_folder->filePath(u"first.LIM"_s);
+        QVERIFY(QFile::copy(DataFile(u"one-to-five.LIM"_s), file));
+        m_place->dialog.WillChoose(file);
+        QVERIFY(OpenDocument(*m_document));
+        SaveDocument(other); // no dialog: it goes to the file that the first one opened
+        QCOMPARE(m_place->dialog.Asked(), 1);
+        QCOMPARE(other.Title(), u"Limiti - "_s + file);
+        QVERIFY(BytesOf(file).contains("\r\n10,0.000\r\n"));
+        other.ResetLimi();
+        QCOMPARE(m_place->dialog.FileName, QString());
+    }
+
+    void SaveAs()
+    {
+        const QString first = m_folder->filePath(u"first.LIM"_s);
+        m_place->dialog.WillChoose(first);
+        SaveDocument(*m_document);
+        m_place->dialog.WillChoose(QString());
+        SaveDocumentAs(*m_document);
+        QCOMPARE(m_place->dialog.FileName, QString()); // emptied before the dialog, which was cancelled
+        QCOMPARE(m_document->Title(), u"Limiti - "_s + first);
+        const QString second = m_folder->filePath(u"però due.LIM"_s);
+        m_place->dialog.WillChoose(second);
+        SaveDocumentAs(*m_document);
+        QCOMPARE(BytesOf(second), BytesOf(first));
+    }
+
+    void FailedSaveKeepsEverything_data()
+    {
+        QTest::addColumn<int>("changed");
+        QTest::addRow("the grid") << 1;
+        QTest::addRow("a header field") << 2;
+    }
+
+    void FailedSaveKeepsEverything()
+    {
+        QFETCH(int, changed);
+        const QString file = m_folder->filePath(u"file.LIM"_s);
+        QVERIFY(WriteBytes(file, "former"));
+        Change(changed);
+        m_document->TypeInputData(TestDocument::kUnitInput, u"µΩ"_s);
+        m_document->SetIsModify(false);
+        m_place->dialog.WillChoose(file);
+        SaveDocument(*m_document);
+        const QString told = m_place->messages.TakeOnly();
+        QVERIFY2(told.contains(u"U.M. della conc. dell'analita"_s) && told.contains(u"Ω"_s) &&
+                     told.contains(file),
+                 qPrintable(told));
+        QCOMPARE(BytesOf(file), "former");
+        QVERIFY(m_document->IsModify());
+        QCOMPARE(m_document->Title(), u"Limiti - no file"_s);
+        QCOMPARE(m_place->dialog.FileName, QString()); // the next save asks again
+
+        // Open stops after it, too: nothing is lost.
+        m_place->messages.WillAnswer(Answer::Yes);
+        m_place->dialog.WillChoose(m_folder->path());
+        QVERIFY(!OpenDocument(*m_document));
+        QCOMPARE(m_place->dialog.Asked(), 2);
+        QVERIFY(m_place->messages.All().last().icon == MessageIcon::Critical);
+    }
+
+    void FailureMessages()
+    {
+        QCOMPARE(FailureMessage(RuntimeFailure(FailureKind::TypeMismatch)),
+                 u"Errore di run-time '13': Tipo non corrispondente"_s);
+        QCOMPARE(FailureMessage(RuntimeFailure(FailureKind::DivisionByZero)),
+                 u"Errore di run-time '11': Divisione per zero"_s);
+    }
+
+private:
+    void Change(int what)
+    {
+        if (what == 1)
+            m_document->Grid().TypeText(0, 0, u"5"_s);
+        else if (what == 2)
+            m_document->TypeInputData(0, u"HPLC"_s);
+    }
+
+    const QString kQuestion = u"I dati sono stati modificati.\nVuoi salvare le modifiche correnti?"_s;
+    std::unique_ptr<QTemporaryDir> m_folder;
+    std::unique_ptr<TestPlace> m_place;
+    std::unique_ptr<LimiDocument> m_document;
+};
+
+QTEST_GUILESS_MAIN(DocumentLifeTest)
+#include "DocumentLifeTest.moc"

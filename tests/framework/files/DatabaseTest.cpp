@@ -1,0 +1,85 @@
+// The table of F in the database that the build makes.
+#include "framework/files/Database.h"
+#include "Compare.h"
+
+#include <QSqlDatabase>
+#include <QSqlQuery>
+#include <QTemporaryDir>
+
+using namespace Qt::StringLiterals;
+
+class DatabaseTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() { FailOnWarnings(); }
+
+    void PublishedPoints_data()
+    {
+        QTest::addColumn<int>("gdl1");
+        QTest::addColumn<int>("gdl2");
+        QTest::addColumn<double>("expected");
+        // NIST/SEMATECH e-Handbook of Statistical Methods, upper critical values of F at 5 %, three decimals
+        QTest::addRow("1, 1") << 1 << 1 << 161.448;
+        QTest::addRow("1, 10") << 1 << 10 << 4.965;
+        QTest::addRow("2, 10") << 2 << 10 << 4.103;
+        QTest::addRow("3, 10") << 3 << 10 << 3.708;
+        QTest::addRow("3, 100") << 3 << 100 << 2.696;
+    }
+
+    void PublishedPoints()
+    {
+        QFETCH(int, gdl1);
+        QFETCH(int, gdl2);
+        QFETCH(double, expected);
+        DatabaseFTable table(QStringLiteral(QUOREL_TEST_DATABASE));
+        const double value = ValoreF(static_cast<std::int16_t>(gdl1), static_cast<std::int16_t>(gdl2), table);
+        QVERIFY(std::fabs(value - expected) <= 0.0005);
+    }
+
+    void Range()
+    {
+        DatabaseFTable table(QStringLiteral(QUOREL_TEST_DATABASE));
+        for (std::int16_t gdl1 = 1; gdl1 <= 3; ++gdl1) {
+            for (std::int16_t gdl2 = 1; gdl2 <= 1000; ++gdl2)
+                QVERIFY(table.Find(gdl1, gdl2));
+            QVERIFY(!table.Find(gdl1, 0));
+            QVERIFY(!table.Find(gdl1, 1001));
+        }
+        QVERIFY(!table.Find(4, 10));
+        QCOMPARE_EQ(ValoreF(2, 1001, table), 3.0);
+    }
+
+    void MissingTableFailsWhereItIsAskedFor()
+    {
+        const QTemporaryDir folder;
+        DatabaseFTable missing(folder.filePath(u"none.MDB"_s));
+        VERIFY_FAILS(ValoreF(1, 5, missing), FailureKind::DatabaseNotOpen);
+        QVERIFY(ValoreF(4, 5, missing) > 5); // not asked for
+        QVERIFY(!QFile::exists(folder.filePath(u"none.MDB"_s)));
+
+        QFile file(folder.filePath(u"text.MDB"_s));
+        QVERIFY(file.open(QIODevice::WriteOnly) && file.write("no database at all") > 0);
+        file.close();
+        DatabaseFTable other(file.fileName());
+        VERIFY_FAILS(ValoreF(1, 5, other), FailureKind::DatabaseNotOpen);
+        VERIFY_FAILS(ValoreF(1, 5, other), FailureKind::DatabaseNotOpen);
+        QVERIFY(file.resize(0)); // an empty file is a database without tables
+        VERIFY_FAILS(ValoreF(1, 5, other), FailureKind::TableNotFound);
+    }
+
+    void ReadOnceAndKept()
+    {
+        const QTemporaryDir folder;
+        const QString copy = folder.filePath(u"copy.MDB"_s);
+        QVERIFY(QFile::copy(QStringLiteral(QUOREL_TEST_DATABASE), copy));
+        DatabaseFTable table(copy);
+        const double before = table.Find(1, 5).value();
+        QVERIFY(QFile::remove(copy));
+        QCOMPARE_EQ(table.Find(1, 5).value(), before);
+    }
+};
+
+QTEST_GUILESS_MAIN(DatabaseTest)
+#include "DatabaseTest.moc"

@@ -1,0 +1,280 @@
+// The grid's model: sizes, digits, what can be typed, what is shown, and what views are told.
+#include "framework/grid/DataGrid.h"
+#include "Compare.h"
+#include "TestPlace.h"
+#include "framework/grid/TabText.h"
+
+#include <QAbstractItemModelTester>
+#include <QSignalSpy>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+/// Each cell holds its place, counted row by row.
+void FillWithPlaces(DataGrid& grid, int rows, int cols)
+{
+    grid.SetSize(rows, cols);
+    for (int i = 0; i < rows * cols; ++i)
+        grid.SetValue(i / cols, i % cols, i);
+}
+
+} // namespace
+
+class DataGridTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() { FailOnWarnings(); }
+
+    void SizesKeepWhatFits()
+    {
+        DataGrid grid(u","_s);
+        const QAbstractItemModelTester tester(&grid, QAbstractItemModelTester::FailureReportingMode::QtTest);
+        grid.SetSize(3, 2);
+        for (int row = 0; row < 3; ++row) {
+            for (int col = 0; col < 2; ++col)
+                grid.SetValue(row, col, 10 * row + col);
+        }
+        grid.SetColumnHeader(1, u"Gruppo B"_s);
+        grid.SetSize(2, 3);
+        QCOMPARE_EQ(grid.Value(1, 1), std::optional(11.0));
+        QCOMPARE_EQ(grid.Value(1, 2), std::nullopt);
+        QCOMPARE(grid.headerData(1, Qt::Horizontal).toString(), u"Gruppo B"_s);
+        QCOMPARE(grid.headerData(1, Qt::Vertical).toString(), u"2"_s);
+        grid.SetSize(3, 2);
+        QCOMPARE_EQ(grid.Value(2, 0), std::nullopt);
+        grid.FillEmptyWithZero();
+        QCOMPARE_EQ(grid.Value(2, 1), std::optional(0.0));
+        QCOMPARE_EQ(grid.Value(0, 1), std::optional(1.0));
+        grid.Clear();
+        QCOMPARE_EQ(grid.Value(0, 1), std::nullopt);
+    }
+
+    void SizesHaveLimits()
+    {
+        DataGrid grid(u"."_s);
+        VERIFY_FAILS(grid.SetSize(-1, 1), FailureKind::InvalidArgument);
+        VERIFY_FAILS(grid.SetSize(32767, 33), FailureKind::Overflow);
+        grid.SetSize(32767, 32);
+        QCOMPARE(grid.Rows(), 32767);
+    }
+
+    void Typing_data()
+    {
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<QString>("shown"); // "former": refused
+        QTest::addRow("comma") << u"1,5"_s << u"1,500"_s;
+        QTest::addRow("point") << u"1.5"_s << u"1,500"_s;
+        QTest::addRow("more decimals than shown") << u"0,0125"_s << u"0,013"_s;
+        QTest::addRow("largest") << u"999,999"_s << u"999,999"_s;
+        QTest::addRow("just above the largest") << u"999,9991"_s << u"former"_s;
+        QTest::addRow("too many integer digits") << u"1000"_s << u"former"_s;
+        QTest::addRow("negative") << u"-1"_s << u"former"_s;
+        QTest::addRow("text") << u"abc"_s << u"former"_s;
+        QTest::addRow("emptied") << u" "_s << u""_s;
+    }
+
+    void Typing()
+    {
+        QFETCH(QString, typed);
+        QFETCH(QString, shown);
+        DataGrid grid(u","_s);
+        grid.SetSize(2, 1);
+        grid.SetDigits({.interi = 3, .decimali = 3});
+        grid.SetValue(1, 0, 7);
+        const bool refused = shown == u"former";
+        QSignalSpy edited(&grid, &DataGrid::Edited);
+        QCOMPARE(grid.setData(grid.index(1, 0), typed), !refused);
+        QCOMPARE(grid.data(grid.index(1, 0)).toString(), refused ? u"7,000"_s : shown);
+        QCOMPARE(grid.ChangeMade(), !refused);
+        QCOMPARE(edited.size(), refused ? 0 : 1);
+    }
+
+    void HiddenDigitsStay()
+    {
+        DataGrid grid(u"."_s);
+        grid.SetSize(1, 1);
+        grid.SetDigits({.interi = 3, .decimali = 1});
+        QVERIFY(grid.TypeText(0, 0, u"0.1234"_s));
+        grid.SetChangeMade(false);
+        QVERIFY(grid.TypeText(0, 0, u"0.1"_s)); // an edit left as it was shown
+        QVERIFY(!grid.ChangeMade());
+        QCOMPARE_EQ(grid.TextNumber(0, 0), 0.1);
+        grid.SetDigits({.interi = 3, .decimali = 4});
+        QCOMPARE(grid.Text(0, 0), u"0.1234"_s);
+        QCOMPARE_EQ(grid.TextNumber(0, 0), 0.1234);
+    }
+
+    void EmptyCellsAreNoNumbers()
+    {
+        DataGrid grid(u"."_s);
+        grid.SetSize(1, 1);
+        QCOMPARE_EQ(grid.TextValue(0, 0), std::nullopt);
+        QVERIFY(!grid.data(grid.index(0, 0), DataGrid::NumberRole).isValid());
+        VERIFY_FAILS(grid.TextNumber(0, 0), FailureKind::TypeMismatch);
+        VERIFY_FAILS(grid.TextNumber(1, 0), FailureKind::TypeMismatch);
+        grid.SetValue(0, 0, -2.5); // as a file may hold it
+        QCOMPARE_EQ(grid.data(grid.index(0, 0), DataGrid::NumberRole).toDouble(), -2.5);
+    }
+
+    void TabTextOfSpreadsheets_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QList<QStringList>>("rows");
+        QTest::addRow("nothing") << u""_s << QList<QStringList>{};
+        QTest::addRow("one cell") << u"1,5"_s << QList<QStringList>{{u"1,5"_s}};
+        QTest::addRow("last line end") << u"1\t2\n3\n"_s << QList<QStringList>{{u"1"_s, u"2"_s}, {u"3"_s}};
+        QTest::addRow("CR LF, empty cells")
+            << u"\t\r\n1\t\r\n"_s << QList<QStringList>{{u""_s, u""_s}, {u"1"_s, u""_s}};
+        QTest::addRow("an empty row inside")
+            << u"1\n\n2"_s << QList<QStringList>{{u"1"_s}, {u""_s}, {u"2"_s}};
+        QTest::addRow("quoted") << u"\"1,5\"\t\"a\tb\"\n\"c\nd\"\t\"e\"\"f\""_s
+                                << QList<QStringList>{{u"1,5"_s, u"a\tb"_s}, {u"c\nd"_s, u"e\"f"_s}};
+        QTest::addRow("marks inside, or left open")
+            << u"a\"b\t\"c\"d\t\"e"_s << QList<QStringList>{{u"a\"b"_s, u"\"c\"d"_s, u"\"e"_s}};
+    }
+
+    void TabTextOfSpreadsheets()
+    {
+        QFETCH(QString, text);
+        QFETCH(QList<QStringList>, rows);
+        QCOMPARE(ParseTabText(text), rows);
+    }
+
+    void PasteOfASpreadsheet_data()
+    {
+        QTest::addColumn<QString>("file");
+        QTest::addRow("English") << u"clipboard/calc-english.txt"_s;
+        QTest::addRow("Italian") << u"clipboard/calc-italian.txt"_s;
+    }
+
+    void PasteOfASpreadsheet()
+    {
+        QFETCH(QString, file);
+        const QString text = QString::fromUtf8(BytesOf(DataFile(file)));
+        for (const QString& decSep : {u","_s, u"."_s}) {
+            DataGrid grid(decSep);
+            grid.SetSize(6, 2);
+            grid.SetDigits({.interi = 7, .decimali = 6});
+            grid.FillEmptyWithZero();
+            QCOMPARE(grid.PasteText(0, 0, text), (PasteCount{.taken = 8, .refused = 2, .outside = 0}));
+            const QList<double> expected = {1.5, 1234.5, 0.125, 12, 0, 0, 7, 1234567.25, -1, 0.000012, 0, 0};
+            for (int i = 0; i < expected.size(); ++i)
+                QCOMPARE_EQ(grid.Value(i / 2, i % 2).value_or(-1), expected[i]);
+        }
+    }
+
+    void PasteStaysInside()
+    {
+        DataGrid grid(u"."_s);
+        FillWithPlaces(grid, 3, 2);
+        grid.SetLocked(2, 1, true);
+        QSignalSpy edited(&grid, &DataGrid::Edited);
+        QCOMPARE(grid.PasteText(1, 1, u"5\t6\n7\t8\n9"_s),
+                 (PasteCount{.taken = 1, .refused = 1, .outside = 3}));
+        QCOMPARE(grid.BlockText({.row = 0, .col = 0, .rows = 3, .cols = 2}), u"0\t1\n2\t5\n4\t5"_s);
+        QCOMPARE(edited.size(), 1);
+        QCOMPARE(edited[0][0].value<GridBlock>(), (GridBlock{.row = 1, .col = 1, .rows = 1, .cols = 1}));
+        QCOMPARE(grid.PasteText(0, 0, u"10\n-1\nx"_s), (PasteCount{.taken = 0, .refused = 3, .outside = 0}));
+        QCOMPARE(edited.size(), 1); // nothing changed
+    }
+
+    void ClearAndLocks()
+    {
+        DataGrid grid(u"."_s);
+        FillWithPlaces(grid, 2, 2);
+        grid.SetLocked(1, 0, true);
+        QVERIFY(!grid.TypeText(1, 0, u"7"_s));
+        QVERIFY(!(grid.flags(grid.index(1, 0)) & Qt::ItemIsEditable));
+        grid.ClearBlock({.row = 0, .col = 0, .rows = 2, .cols = 2});
+        QCOMPARE(grid.BlockText({.row = 0, .col = 0, .rows = 2, .cols = 2}), u"\t\n2\t"_s);
+        grid.UnlockAll();
+        QVERIFY(grid.TypeText(1, 0, u"7"_s));
+    }
+
+    void Dragging_data()
+    {
+        QTest::addColumn<int>("row");
+        QTest::addColumn<bool>("copy");
+        QTest::addColumn<bool>("overwrites");
+        QTest::addColumn<QString>("after");
+        QTest::addRow("moved onto empty cells") << 3 << false << false << u"\n\n\n0\n1"_s;
+        QTest::addRow("moved onto a number") << 2 << false << true << u"\n\n0\n1\n"_s;
+        QTest::addRow("copied") << 2 << true << true << u"0\n1\n0\n1\n"_s;
+        QTest::addRow("moved over itself") << 1 << false << false << u"\n0\n1\n\n"_s;
+    }
+
+    void Dragging()
+    {
+        QFETCH(int, row);
+        QFETCH(bool, copy);
+        QFETCH(bool, overwrites);
+        QFETCH(QString, after);
+        DataGrid grid(u"."_s);
+        FillWithPlaces(grid, 5, 1);
+        grid.ClearBlock({.row = row == 2 ? 3 : 2, .col = 0, .rows = 3, .cols = 1});
+        const GridBlock block{.row = 0, .col = 0, .rows = 2, .cols = 1};
+        QCOMPARE(grid.Overwrites(block, row, 0), overwrites);
+        grid.MoveBlock(block, row, 0, copy);
+        QCOMPARE(grid.BlockText({.row = 0, .col = 0, .rows = 5, .cols = 1}), after);
+    }
+
+    void NothingIsMovedIntoALockedCell()
+    {
+        DataGrid grid(u"."_s);
+        FillWithPlaces(grid, 4, 1);
+        grid.SetLocked(3, 0, true);
+        grid.MoveBlock({.row = 0, .col = 0, .rows = 2, .cols = 1}, 2, 0, false);
+        QCOMPARE(grid.BlockText({.row = 0, .col = 0, .rows = 4, .cols = 1}), u"\n1\n0\n3"_s);
+    }
+
+    void TakenBackAndDoneAgain()
+    {
+        DataGrid grid(u"."_s);
+        FillWithPlaces(grid, 3, 1);
+        QVERIFY(grid.TypeText(0, 0, u"7"_s));
+        grid.PasteText(1, 0, u"8\n9"_s);
+        grid.MoveBlock({.row = 0, .col = 0}, 1, 0, false);
+        const auto text = [&] { return grid.BlockText({.row = 0, .col = 0, .rows = 3, .cols = 1}); };
+        QCOMPARE(text(), u"\n7\n9"_s);
+        grid.SetChangeMade(false);
+        QCOMPARE(grid.Undo(), std::optional(GridBlock{.row = 0, .col = 0, .rows = 2, .cols = 1}));
+        QCOMPARE(text(), u"7\n8\n9"_s);
+        QVERIFY(grid.ChangeMade());
+        grid.Undo();
+        QCOMPARE(text(), u"7\n1\n2"_s);
+        grid.Redo();
+        QCOMPARE(text(), u"7\n8\n9"_s);
+        grid.Undo();
+        QVERIFY(grid.TypeText(2, 0, u"5"_s)); // what was taken back is gone
+        QVERIFY(!grid.Redo());
+        grid.SetSize(2, 1); // and rows that are gone are passed over
+        QVERIFY(!grid.Undo());
+        grid.Undo();
+        QCOMPARE(grid.Text(0, 0), u"0"_s);
+        QVERIFY(!grid.Undo());
+        grid.Clear();
+        QVERIFY(!grid.Redo());
+    }
+
+    void LargestText()
+    {
+        DataGrid grid(u","_s);
+        grid.SetDigits({.interi = 4, .decimali = 2});
+        QCOMPARE(grid.LargestText(), u"9999,99"_s);
+        grid.SetDigits({.interi = 13, .decimali = 0});
+        QCOMPARE(grid.LargestText(), u"9999999999999"_s);
+        grid.SetSize(1, 1);
+        QVERIFY(grid.TypeText(0, 0, u"9999999999999"_s));
+        QVERIFY(!grid.TypeText(0, 0, u"10000000000000"_s));
+        grid.SetDigits({.interi = 1, .decimali = 12});
+        QVERIFY(grid.TypeText(0, 0, u"9,999999999999"_s));
+    }
+};
+
+QTEST_GUILESS_MAIN(DataGridTest)
+#include "DataGridTest.moc"
