@@ -1,6 +1,7 @@
 #include "shell/Backup.h"
 
 #include "framework/files/SafeFile.h"
+#include "framework/text/TextFunctions.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -64,7 +65,6 @@ void BackupFiles(bool silent, const Define& define, Messages& messages, BackupPr
         if (CopyAll(files, QDir(target.filePath()), progress) && !silent)
             tell(MessageIcon::Information, u"Backup completato"_s);
     } catch (const RuntimeFailure& failure) {
-        tell(MessageIcon::Critical,
-             u"Il backup si è fermato al file %1."_s.arg(QString::fromStdString(failure.Text())));
+        tell(MessageIcon::Critical, u"Il backup si è fermato al file %1."_s.arg(FailureText(failure)));
     }
 }

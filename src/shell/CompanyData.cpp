@@ -1,5 +1,7 @@
 #include "shell/CompanyData.h"
 
+#include "framework/text/TextFunctions.h"
+
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -29,7 +31,7 @@ QString CompanyCaption(std::size_t field)
 
 QString CompanyFailureText(const Define& define, const RuntimeFailure& failure)
 {
-    const QString text = QString::fromStdString(failure.Text());
+    const QString text = FailureText(failure);
     if (failure.Kind() != FailureKind::FieldTooSmall)
         return u"I dati dell'azienda non sono disponibili nel database\n%1\n\n%2."_s.arg(define.DbFile, text);
     const auto field = std::ranges::find(Company::kFields, text);

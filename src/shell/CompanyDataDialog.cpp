@@ -1,6 +1,6 @@
 #include "shell/CompanyDataDialog.h"
 
-#include "framework/text/NumberFormat.h"
+#include "framework/text/NumberText.h"
 #include "framework/window/Forms.h"
 #include "shell/CompanyData.h"
 

@@ -1,6 +1,7 @@
 #include "shell/Folders.h"
 
 #include "framework/files/SafeFile.h"
+#include "framework/text/TextFunctions.h"
 
 #include <QDir>
 #include <QFile>
@@ -134,8 +135,7 @@ bool CopyDatabase(const QString& source, const QString& target, const Define& de
             CopySafeFile(source, target);
         } catch (const RuntimeFailure& failure) {
             messages.Show(MessageIcon::Critical, define.AppTitle,
-                          u"Impossibile copiare il database %1:\n%2."_s.arg(
-                              source, QString::fromStdString(failure.Text())));
+                          u"Impossibile copiare il database %1:\n%2."_s.arg(source, FailureText(failure)));
             return false;
         }
     }
@@ -149,6 +149,6 @@ void ShowProcedureFailure(const QString& procedure, const RuntimeFailure& failur
                           Messages& messages)
 {
     messages.Show(MessageIcon::Critical, define.AppTitle,
-                  u"Errore %1 nella procedura DEFINE.%2.\r\n\r\n%3"_s.arg(
-                      QString::number(failure.Number()), procedure, QString::fromStdString(failure.Text())));
+                  u"Errore %1 nella procedura DEFINE.%2.\r\n\r\n%3"_s.arg(QString::number(failure.Number()),
+                                                                          procedure, FailureText(failure)));
 }

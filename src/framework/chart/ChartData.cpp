@@ -1,6 +1,6 @@
 #include "framework/chart/ChartData.h"
 
-#include "framework/text/NumberFormat.h"
+#include "framework/text/NumberText.h"
 
 #include <algorithm>
 #include <cmath>

@@ -16,9 +16,6 @@ struct Define {
     QString DescResults = QStringLiteral("Mostra i risultati dell'elaborazione");
     QString DescConcl = QStringLiteral("Mostra il testo delle conclusioni");
 
-    QString NoReaderMsg =
-        QStringLiteral("Devi avere installato Acrobat Reader per visualizzare questo documento");
-
     // Limits of the logo on a report, in twips: 2.5 cm by 10 cm.
     std::int16_t LogoMaxHeight = 1425;
     std::int16_t LogoMaxWidth = 5700;
@@ -41,3 +38,6 @@ struct Define {
     /// Deliberate: the format that was built last in any document, and the one that results are printed with.
     QString NumFormat;
 };
+
+/// The format string of so many digits, "##0.000" for 3 and 3; becomes the global NumFormat as well.
+QString GetNumFormat(int interi, int decimali, Define& define);

@@ -1,5 +1,7 @@
 #include "framework/document/DocumentLife.h"
 
+#include "framework/text/TextFunctions.h"
+
 #include <QDir>
 
 #include <utility>
@@ -23,7 +25,7 @@ bool MayBeLost(TestDocument& document)
 void TellSaveFailure(const TestDocument& document, const QString& fileName, const RuntimeFailure& failure)
 {
     const QString text = u"Il documento non è stato salvato nel file\n%1\n\n%2."_s.arg(
-        QDir::toNativeSeparators(fileName), QString::fromStdString(failure.Text()));
+        QDir::toNativeSeparators(fileName), FailureText(failure));
     document.Context().messages.Show(MessageIcon::Critical, document.Context().define.AppTitle, text);
 }
 

@@ -1,5 +1,7 @@
 #include "framework/document/Messages.h"
 
+#include "framework/text/TextFunctions.h"
+
 void ShowStatisticsFailure(Messages& messages, const QString& what)
 {
     messages.Show(MessageIcon::Critical, QStringLiteral("Errore"),
@@ -8,7 +10,5 @@ void ShowStatisticsFailure(Messages& messages, const QString& what)
 
 QString FailureMessage(const RuntimeFailure& failure)
 {
-    return QStringLiteral("Errore di run-time '%1': %2")
-        .arg(failure.Number())
-        .arg(QString::fromStdString(failure.Text()));
+    return QStringLiteral("Errore di run-time '%1': %2").arg(failure.Number()).arg(FailureText(failure));
 }

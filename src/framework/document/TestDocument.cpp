@@ -1,8 +1,9 @@
 #include "framework/document/TestDocument.h"
 
 #include "framework/files/CodePage.h"
-#include "framework/text/NumberFormat.h"
+#include "framework/text/NumberText.h"
 #include "framework/text/TextFunctions.h"
+#include "framework/text/TextNumber.h"
 
 #include <QScopeGuard>
 

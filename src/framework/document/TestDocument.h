@@ -10,6 +10,7 @@
 #include "framework/files/DataFileReader.h"
 #include "framework/files/DataFileWriter.h"
 #include "framework/grid/DataGrid.h"
+#include "framework/text/NumberText.h"
 #include "stats/CriticalValues.h"
 
 #include <QAnyStringView>

@@ -2,7 +2,7 @@
 
 #include "framework/files/CodePage.h"
 #include "framework/files/SafeFile.h"
-#include "framework/text/NumberFormat.h"
+#include "framework/text/NumberText.h"
 
 void DataFileWriter::EndLine()
 {

@@ -1,6 +1,7 @@
 #include "framework/grid/DataGrid.h"
 
 #include "framework/grid/TabText.h"
+#include "framework/text/TextNumber.h"
 #include "stats/RuntimeFailure.h"
 
 #include <algorithm>

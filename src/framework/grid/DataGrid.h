@@ -2,7 +2,7 @@
 #pragma once
 
 #include "framework/grid/GridHistory.h"
-#include "framework/text/NumberFormat.h"
+#include "framework/text/NumberText.h"
 
 #include <QAbstractTableModel>
 #include <QStringList>

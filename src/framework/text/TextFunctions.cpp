@@ -40,7 +40,7 @@ QString GetDecSep()
     return QLocale::system().toString(1.5F).sliced(1, 1);
 }
 
-QString OtherDecSep(QStringView decSep)
+QString FailureText(const RuntimeFailure& failure)
 {
-    return decSep == u"," ? QStringLiteral(".") : QStringLiteral(",");
+    return QString::fromStdString(failure.Text());
 }

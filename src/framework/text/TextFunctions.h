@@ -1,6 +1,8 @@
 // Small routines on text that documents, texts and files share.
 #pragma once
 
+#include "stats/RuntimeFailure.h"
+
 #include <QString>
 #include <QStringView>
 
@@ -17,5 +19,5 @@ QString TrimBlanks(QStringView text);
 /// The system's decimal separator.
 QString GetDecSep();
 
-/// The grouping character that goes with a decimal separator: "." for ",", otherwise ",".
-QString OtherDecSep(QStringView decSep);
+/// What a failure says: Italian, without a full stop at its end.
+QString FailureText(const RuntimeFailure& failure);

@@ -1,7 +1,9 @@
 #include "validation/specificity/SpecDocument.h"
 
 #include "framework/text/Conclusions.h"
+#include "framework/text/NumberText.h"
 #include "framework/text/TextFunctions.h"
+#include "framework/text/TextNumber.h"
 #include "stats/Statistics.h"
 
 #include <algorithm>

@@ -1,8 +1,10 @@
 // Text routines, number formats, and the ways from text to numbers.
 #include "Compare.h"
+#include "framework/document/Define.h"
 #include "framework/text/Conclusions.h"
-#include "framework/text/NumberFormat.h"
+#include "framework/text/NumberText.h"
 #include "framework/text/TextFunctions.h"
+#include "framework/text/TextNumber.h"
 
 #include <QTest>
 
@@ -39,10 +41,8 @@ private Q_SLOTS:
         QCOMPARE(FillTemplate(u"#1#"_s, {u"#2#"_s, u"7"_s}), u"7"_s);
     }
 
-    void Separators()
+    void Blanks()
     {
-        QCOMPARE(OtherDecSep(u","), u"."_s);
-        QCOMPARE(OtherDecSep(u"."), u","_s);
         QCOMPARE(TrimBlanks(u"  a\t b  "), u"a\t b"_s);
         QCOMPARE(TrimBlanks(u"   "), QString());
     }

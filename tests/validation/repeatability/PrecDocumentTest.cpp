@@ -3,6 +3,7 @@
 #include "Compare.h"
 #include "TestPlace.h"
 #include "framework/document/DocumentLife.h"
+#include "framework/text/NumberText.h"
 #include "stats/Statistics.h"
 #include "validation/repeatability/PrecCalc.h"
 
