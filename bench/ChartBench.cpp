@@ -24,7 +24,7 @@ public:
     {
         m_define.DecSep = u","_s;
         m_document = CreateDocument(FindTestOfFile(file)->key, {m_define, m_nobody, m_nobody, m_nobody});
-        if (!LoadDocument(*m_document, QStringLiteral(QUOREL_SAMPLES "/") + file).calculated)
+        if (!LoadDocument(*m_document, QStringLiteral(QUOREL_SAMPLES "/") + file).Calculated())
             qFatal("the sample can't be calculated");
         m_image.setDevicePixelRatio(scale);
         painter = CreateChartPainter(QCoreApplication::applicationDirPath() + u"/../bin"_s);
@@ -32,7 +32,7 @@ public:
         Paint();
     }
 
-    void SetChart() { painter->SetChart(*m_document->Charts().front(), u","_s); }
+    void SetChart() { painter->SetChart(m_document->ShownCharts().front(), u","_s); }
     void Paint() { painter->Paint(m_image, m_size); }
 
     std::unique_ptr<ChartPainter> painter;

@@ -42,7 +42,7 @@ void ReadCalculatePrint(benchmark::State& state)
         const LoadOutcome outcome = LoadDocument(*document, file);
         QByteArray line = JsonLine(BatchResult{file, *document, outcome, {}}, false);
         benchmark::DoNotOptimize(line);
-        if (!outcome.calculated)
+        if (!outcome.Calculated())
             state.SkipWithError("not calculated");
     }
     state.SetComplexityN(state.range(0));

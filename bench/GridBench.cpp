@@ -57,9 +57,9 @@ void UndoAndRedo(benchmark::State& state)
     FullGrid full;
     full.view.PasteText(Column());
     for (auto _ : state) {
-        full.grid.Undo();
+        full.grid.Edits().Undo();
         QApplication::processEvents();
-        full.grid.Redo();
+        full.grid.Edits().Redo();
         QApplication::processEvents();
     }
 }

@@ -1,7 +1,10 @@
 // The world around a document in a benchmark: nobody answers.
 #pragma once
 
-#include "framework/document/TestDocument.h"
+#include "framework/document/CommonDialog.h"
+#include "framework/document/Define.h"
+#include "framework/document/Messages.h"
+#include "stats/CriticalValues.h"
 
 class Nobody : public CommonDialog, public Messages, public FTable
 {

@@ -2,14 +2,21 @@
 // F.
 #pragma once
 
+#include "Compare.h"
+#include "framework/document/CommonDialog.h"
+#include "framework/document/Define.h"
+#include "framework/document/Messages.h"
 #include "framework/document/TestDocument.h"
+#include "stats/CriticalValues.h"
+#include "stats/RuntimeFailure.h"
 
 #include <QFile>
 #include <QList>
 #include <QMap>
+#include <QTemporaryDir>
 #include <QTest>
 
-#include <map>
+#include <memory>
 
 /// A file dialog that answers with the names laid out for it, in order, and fails the test when none is left.
 class ScriptedDialog : public CommonDialog
@@ -103,6 +110,35 @@ struct TestPlace {
 
     DocumentContext Context() { return {define, dialog, messages, fTable}; }
 };
+
+/// A new document in a scripted world, and a folder for its files; Begin makes all of them anew for each
+/// test.
+template<typename Document>
+class DocumentTest
+{
+protected:
+    /// fileName: of m_file, in the folder.
+    void Begin(const QString& fileName)
+    {
+        FailOnWarnings();
+        m_folder = std::make_unique<QTemporaryDir>();
+        m_file = m_folder->filePath(fileName);
+        m_document.reset();
+        m_place = std::make_unique<TestPlace>();
+        m_document = MakeDocument<Document>(m_place->Context());
+    }
+
+    std::unique_ptr<QTemporaryDir> m_folder;
+    QString m_file;
+    std::unique_ptr<TestPlace> m_place;
+    std::unique_ptr<Document> m_document;
+};
+
+/// The number of this place among the document's values.
+inline double NumberOf(const TestDocument& document, std::size_t place)
+{
+    return std::get<double>(document.Values()[place].value);
+}
 
 inline QString DataFile(const QString& name)
 {

@@ -4,6 +4,7 @@
 #include "TestPlace.h"
 #include "framework/window/Frame.h"
 #include "framework/window/GridView.h"
+#include "framework/window/TestWindow.h"
 
 #include <QAction>
 #include <QApplication>
@@ -30,7 +31,7 @@ struct TestWindowPlace {
     explicit TestWindowPlace(const QString& decSep = QStringLiteral(","))
     {
         place.define.DecSep = decSep;
-        window = std::make_unique<Window>(std::make_unique<Document>(place.Context()), frame);
+        window = MakeWindow<Window>(MakeDocument<Document>(place.Context()), frame);
         window->setAttribute(Qt::WA_DeleteOnClose, false);
         window->resize(window->sizeHint());
         window->show();

@@ -1,18 +1,21 @@
 #include "batch/Batch.h"
 
 #include "batch/CommandLine.h"
-#include "batch/JsonOutput.h"
+#include "batch/Outcome.h"
 #include "framework/chart/ChartPainter.h"
+#include "framework/document/TestRegistry.h"
 #include "framework/files/Database.h"
 #include "framework/files/SafeFile.h"
-#include "validation/DocumentFactory.h"
+#include "framework/text/TextFunctions.h"
+#include "stats/RuntimeFailure.h"
 
 #include <QDir>
 #include <QFileInfo>
 #include <QSet>
 
 #include <algorithm>
-#include <functional>
+#include <memory>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 
@@ -22,33 +25,6 @@ namespace
 constexpr int kAllDone = 0;
 constexpr int kSomeFailed = 1;
 constexpr int kWrongCall = 2;
-
-/// Nobody is there to choose a file.
-class NoDialog : public CommonDialog
-{
-public:
-    bool ShowOpen() override { return false; }
-    bool ShowSave() override { return false; }
-    QString BrowseFolder(const QString&, const QString&) override { return {}; }
-};
-
-class MessageCollector : public Messages
-{
-public:
-    void Show(MessageIcon icon, const QString& title, const QString& text) override
-    {
-        m_collected.append({icon, title, text});
-    }
-    Answer Ask(MessageIcon icon, const QString& title, const QString& text) override
-    {
-        Show(icon, title, text);
-        return Answer::Cancel;
-    }
-    const QList<CollectedMessage>& Collected() const { return m_collected; }
-
-private:
-    QList<CollectedMessage> m_collected;
-};
 
 /// The files of the call: those given, and those that a given folder holds, each under the path as given.
 QStringList FilesOf(const QStringList& paths)
@@ -102,7 +78,7 @@ public:
         }
         for (qsizetype i = 0; i < files.size() && !m_outputLost; ++i) {
             ShowProgress(i, files);
-            Do(files[i]);
+            Report(Compute(files[i], m_line, m_fTable));
         }
         ClearProgress();
         if (m_outputLost)
@@ -111,84 +87,56 @@ public:
     }
 
 private:
-    void Do(const QString& file)
+    /// What is told and written of a file. In the order of the files, on the thread that paints.
+    void Report(const Outcome& outcome)
     {
-        const TestInfo* info = FindTestOfFile(QFileInfo(file).fileName());
-        if (info == nullptr) {
-            Complain(file, u"non è un file di dati"_s);
+        if (!outcome.complaint.isEmpty())
+            Complain(outcome.file, outcome.complaint);
+        if (m_place.out.write(outcome.printed) != outcome.printed.size())
+            m_outputLost = true;
+        if (!outcome.writes)
             return;
-        }
-        Define define;
-        define.DecSep = m_line.decSep;
-        NoDialog dialog;
-        MessageCollector messages;
-        const auto document = CreateDocument(info->key, {define, dialog, messages, m_fTable});
-        if (!document) {
-            Complain(file, u"i file di tipo %1 non sono ancora gestiti"_s.arg(info->extension));
-            return;
-        }
-        const LoadOutcome outcome = LoadDocument(*document, file);
-        const bool opened = document->ReadStop() != 0;
-        document->SetLanGraf(m_line.english ? 1 : 0);
-        TellOutcome(file, *document, outcome, messages.Collected());
-        if (opened)
-            Print(BatchResult{file, *document, outcome, messages.Collected()});
-        const QString name = QFileInfo(file).fileName();
-        if (m_line.chartDir.isEmpty() && m_line.rewriteDir.isEmpty())
-            return;
+        const QString name = QFileInfo(outcome.file).fileName();
         if (m_written.contains(name)) {
-            Complain(file, u"non salvato: un altro file ha lo stesso nome"_s);
+            Complain(outcome.file, u"non salvato: un altro file ha lo stesso nome"_s);
             return;
         }
         m_written.insert(name);
-        if (!m_line.chartDir.isEmpty() && outcome.calculated)
-            Write(file, [&] { WriteCharts(name, *document); });
-        if (!m_line.rewriteDir.isEmpty() && !outcome.reading)
-            Write(file, [&] { document->WriteToFile(QDir(m_line.rewriteDir).filePath(name)); });
-    }
-
-    void Write(const QString& file, const std::function<void()>& write)
-    {
         try {
-            write();
+            WriteCharts(name, outcome.charts);
         } catch (const RuntimeFailure& failure) {
-            Complain(file, u"non salvato: %1"_s.arg(QString::fromStdString(failure.Text())));
+            ComplainNotSaved(outcome.file, FailureText(failure));
         }
+        Rewrite(name, outcome);
     }
 
-    void WriteCharts(const QString& name, const TestDocument& document)
+    void WriteCharts(const QString& name, const std::vector<ChartData>& charts)
     {
-        if (!m_painter)
+        if (!m_painter && !charts.empty())
             m_painter = CreateChartPainter(m_place.programFolder);
-        for (const ChartData* chart : document.Charts()) {
-            m_painter->SetChart(*chart, m_line.decSep);
-            WriteSafeFile(QDir(m_line.chartDir).filePath(u"%1.%2.pdf"_s.arg(name, chart->name)),
+        for (const ChartData& chart : charts) {
+            m_painter->SetChart(chart, m_line.decSep);
+            WriteSafeFile(QDir(m_line.chartDir).filePath(u"%1.%2.pdf"_s.arg(name, chart.name)),
                           m_painter->Export(ChartFormat::Pdf, kChartPage));
         }
     }
 
-    void TellOutcome(const QString& file, const TestDocument& document, const LoadOutcome& outcome,
-                     const QList<CollectedMessage>& messages)
+    void Rewrite(const QString& name, const Outcome& outcome)
     {
-        if (outcome.reading) {
-            const QString reason = QString::fromStdString(outcome.reading->Text());
-            const int line = document.ReadStop().value_or(0);
-            Complain(file,
-                     line == 0 ? reason : u"letto in parte, fino alla riga %1: %2"_s.arg(line).arg(reason));
-        } else if (outcome.calculation) {
-            Complain(file, u"non calcolato: %1"_s.arg(QString::fromStdString(outcome.calculation->Text())));
-        } else if (!outcome.calculated) {
-            Complain(file, messages.isEmpty()
-                               ? u"non calcolato: la somma dei valori è zero"_s
-                               : u"non calcolato: %1"_s.arg(messages.last().text.simplified()));
+        QString obstacle = outcome.notRewritten;
+        try {
+            if (outcome.rewritten)
+                WriteSafeFile(QDir(m_line.rewriteDir).filePath(name), *outcome.rewritten);
+        } catch (const RuntimeFailure& failure) {
+            obstacle = FailureText(failure);
         }
+        if (!obstacle.isEmpty())
+            ComplainNotSaved(outcome.file, obstacle);
     }
 
-    void Print(const BatchResult& result)
+    void ComplainNotSaved(const QString& file, const QString& reason)
     {
-        const QByteArray text = m_line.json ? JsonLine(result, m_line.chartData) : Summary(result);
-        if (m_place.out.write(text) != text.size())
-            m_outputLost = true;
+        Complain(file, u"non salvato: %1"_s.arg(reason));
     }
 
     void Complain(const QString& file, const QString& reason)

@@ -63,7 +63,7 @@ CommandLine ParseCommandLine(const QStringList& arguments)
     line.chartData = parser.isSet(u"chart-data"_s);
     line.help = parser.isSet(u"help"_s);
     line.version = parser.isSet(u"version"_s);
-    line.english = parser.value(language) == "en"_L1;
+    line.language = parser.value(language) == "it"_L1 ? Language::Italian : Language::English;
     line.chartDir = parser.value(chart);
     line.rewriteDir = parser.value(rewrite);
     line.decSep = parser.value(decimal);

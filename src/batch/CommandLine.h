@@ -1,6 +1,8 @@
 // The command line of quorel-batch.
 #pragma once
 
+#include "framework/text/Language.h"
+
 #include <QString>
 #include <QStringList>
 
@@ -9,12 +11,12 @@ struct CommandLine {
     bool chartData = false;
     bool help = false;
     bool version = false;
-    bool english = true; ///< language of reports and charts
-    QString chartDir;    ///< empty: charts are not written
-    QString rewriteDir;  ///< empty: documents are not saved again
-    QString decSep;      ///< the separator that numbers show
-    QStringList paths;   ///< files and folders as given
-    QString error;       ///< why the call is wrong, or empty
+    Language language = Language::English; ///< of reports and charts
+    QString chartDir;                      ///< empty: charts are not written
+    QString rewriteDir;                    ///< empty: documents are not saved again
+    QString decSep;                        ///< the separator that numbers show
+    QStringList paths;                     ///< files and folders as given
+    QString error;                         ///< why the call is wrong, or empty
 };
 
 /// arguments without the program's name.

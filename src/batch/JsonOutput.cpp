@@ -1,13 +1,123 @@
 #include "batch/JsonOutput.h"
 
 #include "batch/JsonWriter.h"
+#include "framework/text/TextFunctions.h"
+
+#include <ranges>
+#include <type_traits>
+#include <variant>
 
 using namespace Qt::StringLiterals;
 
 namespace
 {
 
-QLatin1StringView IconName(MessageIcon icon)
+/// Writes values of all kinds, each by its type: what is not there becomes null, what stands in both
+/// languages an object of two, a list a list of its values.
+class JsonVisitor
+{
+public:
+    template<typename Value>
+    void Member(QLatin1StringView key, const Value& value)
+    {
+        m_json.Key(key);
+        Put(value);
+    }
+    /// An object with the members that fill adds.
+    template<typename Fill>
+    requires std::is_invocable_v<Fill>
+    void Put(const Fill& fill)
+    {
+        m_json.BeginObject();
+        fill();
+        m_json.EndObject();
+    }
+
+    void Put(QLatin1StringView text) { m_json.Text(text); }
+    void Put(const QString& text) { m_json.Text(text); }
+    void Put(int number) { m_json.Number(number); }
+    void Put(double number) { m_json.Number(number); }
+    void Put(bool value) { m_json.Bool(value); }
+
+    template<typename Value>
+    void Put(const std::optional<Value>& value)
+    {
+        if (value)
+            Put(*value);
+        else
+            m_json.Null();
+    }
+    template<typename Value>
+    void Put(const InBoth<Value>& both)
+    {
+        Put([&] {
+            Member("it"_L1, both.it);
+            Member("en"_L1, both.en);
+        });
+    }
+    template<typename... Values>
+    void Put(const std::variant<Values...>& value)
+    {
+        std::visit([this](const auto& held) { Put(held); }, value);
+    }
+    template<std::ranges::range List>
+    requires(!std::is_convertible_v<List, QString>) void Put(const List& list)
+    {
+        m_json.BeginList();
+        for (const auto& value : list)
+            Put(value);
+        m_json.EndList();
+    }
+
+    /// As many rows as the grid has, a row a list of cell texts.
+    void Put(const DataGrid* grid)
+    {
+        m_json.BeginList();
+        for (int row = 0; row < grid->Rows(); ++row) {
+            m_json.BeginList();
+            for (int col = 0; col < grid->Cols(); ++col)
+                m_json.Text(grid->Text(row, col));
+            m_json.EndList();
+        }
+        m_json.EndList();
+    }
+    void Put(const TextTable* table)
+    {
+        if (table == nullptr)
+            m_json.Null();
+        else
+            Put(table->Rows());
+    }
+    void Put(const RuntimeFailure* failure)
+    {
+        if (failure == nullptr) {
+            m_json.Null();
+            return;
+        }
+        Put([&] {
+            Member("number"_L1, failure->Number());
+            Member("text"_L1, FailureText(*failure));
+        });
+    }
+    void Put(const CollectedMessage& message)
+    {
+        Put([&] {
+            Member("icon"_L1, IconName(message.icon));
+            Member("title"_L1, message.title);
+            Member("text"_L1, message.text);
+        });
+    }
+    void Put(const ChartData& chart);
+
+    const QByteArray& Bytes() const { return m_json.Bytes(); }
+
+private:
+    static QLatin1StringView IconName(MessageIcon icon);
+
+    JsonWriter m_json;
+};
+
+QLatin1StringView JsonVisitor::IconName(MessageIcon icon)
 {
     switch (icon) {
     case MessageIcon::None:
@@ -24,170 +134,53 @@ QLatin1StringView IconName(MessageIcon icon)
     return "none"_L1;
 }
 
-void WriteTexts(JsonWriter& json, const QStringList& texts)
+/// Nothing where the chart has no such texts.
+std::optional<QStringList> AnyTexts(const QStringList& texts)
 {
-    json.BeginList();
-    for (const QString& text : texts)
-        json.Text(text);
-    json.EndList();
+    return texts.isEmpty() ? std::nullopt : std::optional(texts);
 }
 
-void WriteHeader(JsonWriter& json, const TestDocument& document)
+void JsonVisitor::Put(const ChartData& chart)
 {
-    json.Key("interi"_L1);
-    json.Number(document.Grid().GetDigits().interi);
-    json.Key("decimali"_L1);
-    json.Number(document.Grid().GetDigits().decimali);
-    json.Key("aInputData"_L1);
-    json.BeginList();
-    for (int i = 0; i < document.InputCount(); ++i)
-        json.Text(document.InputData(i));
-    json.EndList();
-    json.Key("size"_L1);
-    json.BeginObject();
-    for (const SizeField& field : document.SizeFields()) {
-        json.Key(field.control);
-        json.Text(document.ControlText(field.control));
-    }
-    json.EndObject();
-    json.Key("option"_L1);
-    if (const auto option = document.Option())
-        json.Number(*option);
-    else
-        json.Null();
-    json.Key("headers"_L1);
-    json.Null();
+    Put([&] {
+        Member("name"_L1, chart.name);
+        Member("title"_L1, chart.title);
+        Member("footnote"_L1, chart.footnote);
+        Member("xTitle"_L1, chart.x.title);
+        Member("yTitle"_L1, chart.y.title);
+        Member("seriesNames"_L1, AnyTexts(chart.seriesNames));
+        Member("rowLabels"_L1, AnyTexts(chart.rowLabels));
+        Member("data"_L1, chart.rows);
+    });
 }
 
-void WriteGrid(JsonWriter& json, const DataGrid& grid)
+/// The size fields by their names; those of a control array ("Dimensioni0", "Dimensioni1") as one list.
+void PutSizes(JsonVisitor& json, const TestDocument& document)
 {
-    json.BeginList();
-    for (int row = 0; row < grid.Rows(); ++row) {
-        json.BeginList();
-        for (int col = 0; col < grid.Cols(); ++col)
-            json.Text(grid.Text(row, col));
-        json.EndList();
+    const std::vector<Field> sizes = document.Fields().OfKind(FieldKind::Size);
+    for (std::size_t i = 0; i < sizes.size();) {
+        const QLatin1StringView control = sizes[i].control;
+        if (!control.endsWith('0'_L1)) {
+            json.Member(control, sizes[i++].text);
+            continue;
+        }
+        const QLatin1StringView array = control.chopped(1);
+        QStringList texts;
+        for (; i < sizes.size() && sizes[i].control.startsWith(array); ++i)
+            texts += sizes[i].text;
+        json.Member(array, texts);
     }
-    json.EndList();
 }
 
-void WriteVerdict(JsonWriter& json, const TestDocument& document)
+/// A result's text, or whether a notice is seen.
+void PutResults(JsonVisitor& json, const TestDocument& document)
 {
-    const auto verdict = document.Verdict();
-    if (!verdict) {
-        json.Null();
-        return;
+    for (const Field& field : document.Fields().All()) {
+        if (field.kind == FieldKind::Result)
+            json.Member(field.control, field.text);
+        else if (field.kind == FieldKind::Notice)
+            json.Member(field.control, field.visible);
     }
-    json.BeginObject();
-    json.Key("it"_L1);
-    json.Text((*verdict)[0]);
-    json.Key("en"_L1);
-    json.Text((*verdict)[1]);
-    json.EndObject();
-}
-
-void WriteResults(JsonWriter& json, const TestDocument& document)
-{
-    json.Key("results"_L1);
-    json.BeginObject();
-    for (const ResultField& field : document.ResultFields()) {
-        json.Key(field.control);
-        json.Text(document.ControlText(field.control));
-    }
-    json.EndObject();
-    json.Key("table"_L1);
-    json.Null();
-    json.Key("means"_L1);
-    json.Null();
-    json.Key("cConcl"_L1);
-    json.Text(document.Conclusions());
-    json.Key("conclusions"_L1);
-    json.BeginObject();
-    json.Key("it"_L1);
-    WriteTexts(json, document.ConclText(false));
-    json.Key("en"_L1);
-    WriteTexts(json, document.ConclText(true));
-    json.EndObject();
-    json.Key("verdict"_L1);
-    WriteVerdict(json, document);
-    json.Key("values"_L1);
-    json.BeginObject();
-    for (const auto& [name, value] : document.Values()) {
-        json.Key(name);
-        json.Number(value);
-    }
-    json.EndObject();
-}
-
-/// Null where the chart has no such texts.
-void WriteTextsOrNull(JsonWriter& json, const QStringList& texts)
-{
-    if (texts.isEmpty())
-        json.Null();
-    else
-        WriteTexts(json, texts);
-}
-
-void WriteChart(JsonWriter& json, const ChartData& chart)
-{
-    json.BeginObject();
-    json.Key("name"_L1);
-    json.Text(chart.name);
-    json.Key("title"_L1);
-    json.Text(chart.title);
-    json.Key("footnote"_L1);
-    json.Text(chart.footnote);
-    json.Key("xTitle"_L1);
-    json.Text(chart.x.title);
-    json.Key("yTitle"_L1);
-    json.Text(chart.y.title);
-    json.Key("seriesNames"_L1);
-    WriteTextsOrNull(json, chart.seriesNames);
-    json.Key("rowLabels"_L1);
-    WriteTextsOrNull(json, chart.rowLabels);
-    json.Key("data"_L1);
-    json.BeginList();
-    for (const auto& row : chart.rows) {
-        json.BeginList();
-        for (const double value : row)
-            json.Number(value);
-        json.EndList();
-    }
-    json.EndList();
-    json.EndObject();
-}
-
-void WriteMessages(JsonWriter& json, const QList<CollectedMessage>& messages)
-{
-    json.BeginList();
-    for (const CollectedMessage& message : messages) {
-        json.BeginObject();
-        json.Key("icon"_L1);
-        json.Text(IconName(message.icon));
-        json.Key("title"_L1);
-        json.Text(message.title);
-        json.Key("text"_L1);
-        json.Text(message.text);
-        json.EndObject();
-    }
-    json.EndList();
-}
-
-/// The failure that kept the document from its results: that of the reading where there was one, since what
-/// it left out is what the calculation then lacks.
-void WriteFailure(JsonWriter& json, const LoadOutcome& outcome)
-{
-    const auto& failure = outcome.reading ? outcome.reading : outcome.calculation;
-    if (outcome.calculated || !failure) {
-        json.Null();
-        return;
-    }
-    json.BeginObject();
-    json.Key("number"_L1);
-    json.Number(failure->Number());
-    json.Key("text"_L1);
-    json.Text(QString::fromStdString(failure->Text()));
-    json.EndObject();
 }
 
 } // namespace
@@ -195,43 +188,44 @@ void WriteFailure(JsonWriter& json, const LoadOutcome& outcome)
 QByteArray JsonLine(const BatchResult& result, bool chartData)
 {
     const TestDocument& document = result.document;
-    JsonWriter json;
-    json.BeginObject();
-    json.Key("file"_L1);
-    json.Text(result.file);
-    json.Key("key"_L1);
-    json.Text(document.Info().key);
-    json.Key("read"_L1);
-    json.Text(result.outcome.reading ? "partial"_L1 : "complete"_L1);
-    WriteHeader(json, document);
-    json.Key("grids"_L1);
-    json.BeginList();
-    WriteGrid(json, document.Grid());
-    json.EndList();
-    WriteResults(json, document);
-    json.Key("messages"_L1);
-    WriteMessages(json, result.messages);
-    json.Key("failure"_L1);
-    WriteFailure(json, result.outcome);
-    if (chartData) {
-        json.Key("charts"_L1);
-        json.BeginList();
-        for (const ChartData* chart :
-             result.outcome.calculated ? document.Charts() : std::vector<const ChartData*>())
-            WriteChart(json, *chart);
-        json.EndList();
-    }
-    json.EndObject();
+    JsonVisitor json;
+    json.Put([&] {
+        json.Member("file"_L1, result.file);
+        json.Member("key"_L1, document.Info().key);
+        json.Member("read"_L1, document.HowRead() == FileRead::Whole ? "complete"_L1 : "partial"_L1);
+        json.Member("interi"_L1, document.Grid().GetDigits().interi);
+        json.Member("decimali"_L1, document.Grid().GetDigits().decimali);
+        json.Member("aInputData"_L1, document.Inputs());
+        json.Member("size"_L1, [&] { PutSizes(json, document); });
+        json.Member("option"_L1, document.Option());
+        json.Member("headers"_L1, document.Headers());
+        json.Member("grids"_L1, document.Grids());
+        json.Member("results"_L1, [&] { PutResults(json, document); });
+        json.Member("table"_L1, document.Table("SprLinearita"));
+        json.Member("means"_L1, document.Table("GridMedieSerie"));
+        json.Member("cConcl"_L1, document.Conclusions());
+        json.Member("conclusions"_L1, document.ConclTexts());
+        json.Member("verdict"_L1, document.Verdict());
+        json.Member("values"_L1, [&] {
+            for (const NamedValue& value : document.Values())
+                json.Member(value.name, value.value);
+        });
+        json.Member("messages"_L1, result.messages);
+        json.Member("failure"_L1, result.outcome.Failure());
+        if (chartData)
+            json.Member("charts"_L1,
+                        result.outcome.Calculated() ? document.ShownCharts() : std::vector<ChartData>());
+    });
     return json.Bytes() + '\n';
 }
 
 QByteArray Summary(const BatchResult& result)
 {
     QString text = result.file + u'\n';
-    if (result.outcome.calculated) {
-        for (const ResultField& field : result.document.ResultFields())
-            text += u"  %1: %2\n"_s.arg(field.caption, result.document.ControlText(field.control));
-        for (const QString& conclusion : result.document.ConclText(false))
+    if (result.outcome.Calculated()) {
+        for (const Field& field : result.document.Fields().OfKind(FieldKind::Result))
+            text += u"  %1: %2\n"_s.arg(field.caption, field.text);
+        for (const QString& conclusion : result.document.ConclText(Language::Italian))
             text += u'\n' + QString(conclusion).replace("\r\n"_L1, "\n"_L1) + u'\n';
     } else {
         text += u"  nessun risultato\n"_s;

@@ -1,5 +1,8 @@
 #include "shell/CompanyDataDialog.h"
 
+#include "framework/document/CommonDialog.h"
+#include "framework/document/Define.h"
+#include "framework/document/Messages.h"
 #include "framework/text/NumberText.h"
 #include "framework/window/Forms.h"
 #include "shell/CompanyData.h"

@@ -1,5 +1,7 @@
 #include "shell/MainWindow.h"
 
+#include "framework/document/Define.h"
+#include "framework/document/Messages.h"
 #include "shell/BackupDialog.h"
 #include "shell/CompanyData.h"
 #include "shell/CompanyDataDialog.h"
@@ -210,7 +212,7 @@ void MainWindow::ShowTest(QStringView key)
         Activate(qobject_cast<QMdiSubWindow*>(open->parentWidget()));
         return;
     }
-    QMdiSubWindow* window = m_area->addSubWindow(CreateTestWindow(key, m_context, *this));
+    QMdiSubWindow* window = m_area->addSubWindow(CreateTestWindow(key, m_context, *this).release());
     window->setAttribute(Qt::WA_DeleteOnClose);
     window->resize(window->sizeHint().boundedTo(m_area->viewport()->size()));
     window->show();

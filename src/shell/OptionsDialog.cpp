@@ -1,5 +1,8 @@
 #include "shell/OptionsDialog.h"
 
+#include "framework/document/CommonDialog.h"
+#include "framework/document/Define.h"
+#include "framework/document/Messages.h"
 #include "framework/window/Forms.h"
 #include "shell/Backup.h"
 #include "shell/Folders.h"

@@ -7,8 +7,6 @@
 namespace
 {
 
-constexpr double kAlpha = 0.05;
-
 /// Upper 5 % points of F for an infinite gdl2, at gdl1 = 1, 2, 3: what stands beyond the table.
 constexpr std::array kLimitsOfF = {3.84, 3.0, 2.6};
 

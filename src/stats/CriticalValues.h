@@ -4,6 +4,9 @@
 #include <cstdint>
 #include <optional>
 
+/// The level of all tests: what has a smaller probability is significant.
+inline constexpr double kAlpha = 0.05;
+
 /// The table of the upper 5 % points of F for 1, 2 and 3 degrees of freedom of the numerator. Where it comes
 /// from is its implementer's affair.
 class FTable

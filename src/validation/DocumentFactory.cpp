@@ -4,13 +4,32 @@
 #include "validation/repeatability/PrecDocument.h"
 #include "validation/specificity/SpecDocument.h"
 
+#include <algorithm>
+#include <array>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+template<typename Document>
+std::unique_ptr<TestDocument> Make(const DocumentContext& context)
+{
+    return MakeDocument<Document>(context);
+}
+
+struct Entry {
+    QLatin1StringView key;
+    std::unique_ptr<TestDocument> (*make)(const DocumentContext&);
+};
+
+constexpr std::array kEntries = {Entry{"SPEC"_L1, Make<SpecDocument>}, Entry{"PREC"_L1, Make<PrecDocument>},
+                                 Entry{"LIMI"_L1, Make<LimiDocument>}};
+
+} // namespace
+
 std::unique_ptr<TestDocument> CreateDocument(QAnyStringView key, const DocumentContext& context)
 {
-    if (key == u"LIMI")
-        return std::make_unique<LimiDocument>(context);
-    if (key == u"PREC")
-        return std::make_unique<PrecDocument>(context);
-    if (key == u"SPEC")
-        return std::make_unique<SpecDocument>(context);
-    return nullptr;
+    const auto found = std::ranges::find_if(kEntries, [&](const Entry& entry) { return key == entry.key; });
+    return found == kEntries.end() ? nullptr : found->make(context);
 }

@@ -1,5 +1,6 @@
 #include "validation/WindowFactory.h"
 
+#include "validation/DocumentFactory.h"
 #include "validation/limits/LimiWindow.h"
 #include "validation/repeatability/PrecWindow.h"
 #include "validation/specificity/SpecWindow.h"
@@ -12,22 +13,19 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-using Maker = TestWindow* (*)(const DocumentContext&, Frame&);
-
-template<typename Window, typename Document>
-TestWindow* Make(const DocumentContext& context, Frame& frame)
+template<typename Window>
+std::unique_ptr<TestWindow> Make(std::unique_ptr<TestDocument> document, Frame& frame)
 {
-    return new Window(std::make_unique<Document>(context), frame);
+    return MakeWindow<Window>(std::move(document), frame);
 }
 
 struct Entry {
     QLatin1StringView key;
-    Maker make;
+    std::unique_ptr<TestWindow> (*make)(std::unique_ptr<TestDocument>, Frame&);
 };
 
-constexpr std::array kEntries = {Entry{"SPEC"_L1, Make<SpecWindow, SpecDocument>},
-                                 Entry{"PREC"_L1, Make<PrecWindow, PrecDocument>},
-                                 Entry{"LIMI"_L1, Make<LimiWindow, LimiDocument>}};
+constexpr std::array kEntries = {Entry{"SPEC"_L1, Make<SpecWindow>}, Entry{"PREC"_L1, Make<PrecWindow>},
+                                 Entry{"LIMI"_L1, Make<LimiWindow>}};
 
 const Entry* Find(QStringView key)
 {
@@ -42,8 +40,8 @@ bool HasWindow(QStringView key)
     return Find(key) != nullptr;
 }
 
-TestWindow* CreateTestWindow(QStringView key, const DocumentContext& context, Frame& frame)
+std::unique_ptr<TestWindow> CreateTestWindow(QStringView key, const DocumentContext& context, Frame& frame)
 {
     const Entry* entry = Find(key);
-    return entry == nullptr ? nullptr : entry->make(context, frame);
+    return entry == nullptr ? nullptr : entry->make(CreateDocument(key, context), frame);
 }

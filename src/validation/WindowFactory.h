@@ -3,9 +3,12 @@
 
 #include "framework/window/TestWindow.h"
 
+#include <QStringView>
+
+#include <memory>
+
 /// Whether the program has the window of this test.
 bool HasWindow(QStringView key);
 
-/// A new window with a new document, or null for a test that the program does not have. Owned by whoever
-/// shows it.
-TestWindow* CreateTestWindow(QStringView key, const DocumentContext& context, Frame& frame);
+/// A new window with a new document, or null for a test that the program does not have.
+std::unique_ptr<TestWindow> CreateTestWindow(QStringView key, const DocumentContext& context, Frame& frame);

@@ -177,7 +177,7 @@ private Q_SLOTS:
     {
         m_window->ShowTest(u"LIMI");
         TestWindow* window = m_window->OpenTest(u"LIMI");
-        window->Document().Grid().TypeText(0, 0, QString());
+        window->Document().Grid().Edits().TypeText(0, 0, QString());
         auto* calculate = window->findChild<QAction*>(u"StrumentiCalcola"_s);
         m_place->messages.WillAnswer(Answer::Cancel);
         calculate->trigger();

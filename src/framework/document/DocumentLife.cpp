@@ -1,5 +1,7 @@
 #include "framework/document/DocumentLife.h"
 
+#include "framework/document/CommonDialog.h"
+#include "framework/document/Define.h"
 #include "framework/text/TextFunctions.h"
 
 #include <QDir>
@@ -68,7 +70,7 @@ bool NewDocument(TestDocument& document)
 {
     if (!MayBeLost(document))
         return false;
-    document.NewDocument();
+    document.Renew();
     return true;
 }
 
@@ -81,7 +83,7 @@ LoadOutcome LoadDocument(TestDocument& document, const QString& fileName)
         outcome.reading = failure;
     }
     try {
-        outcome.calculated = document.Calc();
+        outcome.end = document.Calc();
     } catch (const RuntimeFailure& failure) {
         outcome.calculation = failure;
     }
@@ -94,7 +96,8 @@ bool OpenDocument(TestDocument& document)
     const DocumentContext& context = document.Context();
     // Deliberate: the two flags are not folded into one here. A save cancelled in its dialog, after a change
     // in the grid alone, leaves IsModify false, and the opening goes on.
-    const Answer answer = AskSaveChanges(document.IsModify() || document.ChangeMade(), context);
+    const Answer answer =
+        AskSaveChanges(document.IsModify() || document.ChangeMade(TestDocument::Which::FirstGrid), context);
     if (answer == Answer::Yes) {
         SaveDocument(document);
         if (document.IsModify())
@@ -111,7 +114,7 @@ bool OpenDocument(TestDocument& document)
     const LoadOutcome outcome = LoadDocument(document, fileName);
     // The reading began with a reset, which empties the name. A file that was read in part keeps it empty, so
     // that a save asks for a name and does not replace the rest of the file.
-    if (!outcome.reading)
+    if (document.HowRead() == FileRead::Whole)
         context.dialog.FileName = fileName;
     Q_EMIT document.Pointer(false);
     Q_EMIT document.Changed();

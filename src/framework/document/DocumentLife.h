@@ -2,7 +2,11 @@
 // a failure of reading, writing or calculating a file ends: it is passed over or told, never thrown on.
 #pragma once
 
+#include "framework/document/Messages.h"
 #include "framework/document/TestDocument.h"
+#include "stats/RuntimeFailure.h"
+
+#include <QString>
 
 #include <optional>
 
@@ -19,7 +23,16 @@ bool NewDocument(TestDocument& document);
 struct LoadOutcome {
     std::optional<RuntimeFailure> reading;     ///< why the reading stopped
     std::optional<RuntimeFailure> calculation; ///< why the calculation stopped
-    bool calculated = false;                   ///< the calculation came to its end
+    std::optional<CalcEnd> end;                ///< of a calculation that did not stop
+
+    bool Calculated() const { return end == CalcEnd::Done; }
+    /// What kept the document from its results, or null: the reading's failure where there was one, since
+    /// what it left out is what the calculation then lacks.
+    const RuntimeFailure* Failure() const
+    {
+        const auto& failure = reading ? reading : calculation;
+        return Calculated() || !failure ? nullptr : &*failure;
+    }
 };
 
 /// Reads and calculates without a word, as far as both get. The document counts as unchanged then.

@@ -1,9 +1,15 @@
 #include "framework/document/TestDocument.h"
 
+#include "framework/document/CommonDialog.h"
+#include "framework/document/Define.h"
+#include "framework/document/Messages.h"
 #include "framework/files/CodePage.h"
-#include "framework/text/NumberText.h"
+#include "framework/files/DataFileReader.h"
+#include "framework/files/DataFileWriter.h"
+#include "framework/files/SafeFile.h"
 #include "framework/text/TextFunctions.h"
 #include "framework/text/TextNumber.h"
+#include "stats/RuntimeFailure.h"
 
 #include <QScopeGuard>
 
@@ -11,9 +17,33 @@
 
 using namespace Qt::StringLiterals;
 
-TestDocument::TestDocument(QAnyStringView key, const DocumentContext& context)
-    : m_info(*FindTest(key)), m_context(context), m_grid(context.define.DecSep)
+namespace
 {
+
+/// The size fields come first, then what the shape lists.
+std::vector<Field> FieldsOf(const DocumentShape& shape)
+{
+    std::vector<Field> fields;
+    for (const SizeField& size : shape.sizes)
+        fields.push_back({.control = size.control, .kind = FieldKind::Size, .caption = size.caption});
+    fields.insert(fields.end(), shape.fields.begin(), shape.fields.end());
+    return fields;
+}
+
+} // namespace
+
+TestDocument::TestDocument(const DocumentShape& shape, const DocumentContext& context)
+    : m_shape(shape), m_info(*FindTest(shape.key)), m_context(context), m_fields(FieldsOf(shape))
+{
+    for (int i = 0; i < shape.grids; ++i)
+        m_grids.push_back(new DataGrid(context.define.DecSep, this));
+    m_grids.front()->Edits().SetHeadersEditable(shape.headersAreData);
+    for (const TableShape& table : shape.tables)
+        m_tables.push_back(new TextTable(table, this));
+    const QStringList none(shape.conclusions, QString());
+    m_conclText = {none, none};
+    if (shape.verdict)
+        m_verdict.emplace();
 }
 
 QString TestDocument::InputCaption(int index)
@@ -33,23 +63,17 @@ void TestDocument::TypeInputData(int index, const QString& text)
     Q_EMIT Changed();
 }
 
-const SizeField* TestDocument::FindSizeField(QLatin1StringView control) const
+const SizeField& TestDocument::SizeOf(QLatin1StringView control) const
 {
-    const auto fields = SizeFields();
-    const auto found = std::ranges::find(fields, control, &SizeField::control);
-    return found == fields.end() ? nullptr : &*found;
-}
-
-/// The number in a size field's text, 0 where it is none.
-int TestDocument::SizeNumber(QLatin1StringView control) const
-{
-    return ControlText(control).toInt();
+    return *std::ranges::find(m_shape.sizes, control, &SizeField::control);
 }
 
 void TestDocument::TypeSize(QLatin1StringView control, const QString& text)
 {
     SetControlText(control, text);
-    if (SizeNumber(control) >= FindSizeField(control)->minimum) {
+    const SizeField& field = SizeOf(control);
+    const int number = SizeNumber(control);
+    if (number >= field.minimum && number <= field.maximum) {
         ResizeGrid();
         m_isModify = true;
     }
@@ -58,62 +82,114 @@ void TestDocument::TypeSize(QLatin1StringView control, const QString& text)
 
 bool TestDocument::LeaveSize(QLatin1StringView control)
 {
-    const SizeField& field = *FindSizeField(control);
-    if (SizeNumber(control) >= field.minimum)
+    const SizeField& field = SizeOf(control);
+    const int number = SizeNumber(control);
+    if (number >= field.minimum && (number <= field.maximum || field.refuses == SizeField::Refuses::Below))
         return true;
-    TypeSize(control, field.fallback);
+    if (field.beeps)
+        m_context.messages.Beep();
+    SetControlText(control, field.fallback == SizeField::Fallback::Initial ? field.initial
+                                                                           : QString::number(Grid().Rows()));
+    ResizeGrid();
+    m_isModify = true;
+    Q_EMIT Changed();
     return false;
+}
+
+void TestDocument::SelectOption(std::optional<int> value)
+{
+    m_option = value;
+    ShowOption();
+}
+
+void TestDocument::ChooseOption(int value)
+{
+    SelectOption(value);
+    OptionChosen();
+    Q_EMIT Changed();
+}
+
+const QString& TestDocument::OptionCaption(int value) const
+{
+    return std::ranges::find(m_shape.options, value, &OptionField::value)->caption;
+}
+
+std::optional<QStringList> TestDocument::Headers() const
+{
+    return m_shape.headersAreData ? std::optional(Grid().Cells().headers) : std::nullopt;
+}
+
+bool TestDocument::ChangeMade(Which which) const
+{
+    const auto changed = [](const DataGrid* grid) { return grid->Edits().ChangeMade(); };
+    return which == Which::FirstGrid ? changed(m_grids.front()) : std::ranges::any_of(m_grids, changed);
 }
 
 void TestDocument::ClearFlags()
 {
     m_isModify = false;
-    m_grid.SetChangeMade(false);
+    for (DataGrid* grid : m_grids)
+        grid->Edits().SetChangeMade(false);
 }
 
 QString TestDocument::FormatText() const
 {
-    const Digits& digits = m_grid.GetDigits();
+    const Digits& digits = Grid().GetDigits();
     return u"Formato numeri: Interi %1  Decimali %2"_s.arg(digits.interi).arg(digits.decimali);
 }
 
-QString TestDocument::ControlText(QAnyStringView control) const
+const TextTable* TestDocument::Table(QAnyStringView control) const
 {
-    const auto found =
-        std::ranges::find_if(m_controlTexts, [&](const auto& entry) { return control == entry.first; });
-    return found == m_controlTexts.end() ? QString() : found->second;
+    const auto found = std::ranges::find_if(
+        m_tables, [&](const TextTable* table) { return control == table->Shape().control; });
+    return found == m_tables.end() ? nullptr : *found;
 }
 
-void TestDocument::SetControlText(QLatin1StringView control, const QString& text)
+TextTable& TestDocument::OwnTable(QAnyStringView control)
 {
-    const auto found =
-        std::ranges::find(m_controlTexts, control, [](const auto& entry) { return entry.first; });
-    if (found == m_controlTexts.end())
-        m_controlTexts.emplace_back(control, text);
-    else
-        found->second = text;
+    return *const_cast<TextTable*>(Table(control));
 }
 
-bool TestDocument::ControlVisible(QAnyStringView /*control*/) const
+ChartData TestDocument::Chart(std::size_t index, Language /*language*/) const
 {
-    return true;
+    return ChartData(m_shape.charts[index]);
 }
 
-QString TestDocument::ChartFootnote(int language) const
+QString TestDocument::ChartFootnote(Language language) const
 {
     static const std::array kEnglish = {u"Analytical method"_s, u"Analyte"_s, u"Sample"_s,
                                         u"Measure unit of the analyte concentration"_s};
     QStringList lines;
-    for (int i = 0; i < InputCount(); ++i) {
-        const QString label = language == 0 ? InputCaption(i) : kEnglish[static_cast<std::size_t>(i)];
-        lines += label + u": "_s + TrimBlanks(InputData(i));
+    for (std::size_t i = 0; i < static_cast<std::size_t>(m_shape.inputs); ++i) {
+        const QString label = language == Language::Italian ? InputCaption(static_cast<int>(i)) : kEnglish[i];
+        lines += label + u": "_s + TrimBlanks(m_chartInputs[i]);
     }
     return lines.join(u"\r\n"_s);
+}
+
+void TestDocument::SetLanGraf(Language language)
+{
+    m_chartLanguage = language;
+    m_chartInputs = m_inputData;
+    ++m_chartState;
+}
+
+std::vector<ChartData> TestDocument::ShownCharts() const
+{
+    std::vector<ChartData> charts;
+    for (std::size_t i = 0; i < m_shape.charts.size(); ++i)
+        charts.push_back(Chart(i, m_chartLanguage));
+    return charts;
 }
 
 QString TestDocument::Shown(double value) const
 {
     return FormatNumber(value, m_context.define.NumFormat, m_context.define.DecSep);
+}
+
+double TestDocument::ShownNumber(QLatin1StringView control) const
+{
+    return TextToDouble(ControlText(control), m_context.define.DecSep);
 }
 
 std::int16_t TestDocument::CountIn(QStringView text) const
@@ -126,124 +202,222 @@ void TestDocument::BuildNumberFormat(Digits digits)
     m_numberFormat = GetNumFormat(digits.interi, digits.decimali, m_context.define);
 }
 
-void TestDocument::SetGridNumFormat(Digits digits)
+void TestDocument::SetDigits(Digits digits)
 {
-    m_grid.SetDigits(digits);
+    for (DataGrid* grid : m_grids)
+        grid->SetDigits(digits);
 }
 
 void TestDocument::ChooseDigits(Digits digits)
 {
     BuildNumberFormat(digits);
-    SetGridNumFormat(digits);
+    SetDigits(digits);
     Q_EMIT Changed();
+}
+
+void TestDocument::ResetFields()
+{
+    for (const Field& field : m_fields.All()) {
+        if (field.kind == FieldKind::Result)
+            SetControlText(field.control, field.reset.isEmpty() ? Shown(0) : field.reset);
+        else if (field.kind == FieldKind::Notice)
+            SetControlVisible(field.control, false);
+    }
+    for (TextTable* table : m_tables)
+        table->Reset(u"0"_s);
 }
 
 void TestDocument::ResetDocument()
 {
     m_title = m_info.TitleNoFile();
     m_context.dialog.FileName.clear();
-    m_readStop.reset();
+    m_howRead = FileRead::Whole;
+    m_readStop = 0;
     m_inputData.fill(QString());
-    {
-        const DataGrid::Redraw redraw(m_grid);
-        ResetSizes();
-        m_grid.UnlockAll();
-        m_grid.Clear();
-        SetGridNumFormat(DefaultDigits());
+    for (const SizeField& size : m_shape.sizes)
+        SetControlText(size.control, size.initial);
+    ResetOwn();
+    for (DataGrid* grid : m_grids) {
+        const DataGrid::Redraw redraw(*grid);
+        grid->UnlockAll();
+        grid->Clear();
+        grid->SetDigits(m_shape.digits);
     }
-    BuildNumberFormat(DefaultDigits());
-    ResetResults();
+    BuildNumberFormat(m_shape.digits);
+    ForgetNumbers();
+    ResetFields();
+    SetConclusions(QString());
+    ++m_chartState;
     ClearFlags();
     Q_EMIT Changed();
 }
 
-void TestDocument::NewDocument()
+void TestDocument::Renew()
 {
     ResetDocument();
     ResizeGrid();
 }
 
+CalcEnd TestDocument::Calc()
+{
+    Q_EMIT Pointer(true);
+    const CalcEnd end = CalcTest();
+    // Deliberate: a calculation without results leaves the hourglass on, which the menu's command takes back
+    // and the toolbar's does not.
+    if (end != CalcEnd::Done)
+        return end;
+    {
+        // The results stand, and are shown, even where a chart's numbers fail.
+        const auto tell = qScopeGuard([this] {
+            Q_EMIT Changed();
+            Q_EMIT Calculated();
+        });
+        CalcCharts();
+        SetLanGraf(Language::Italian);
+    }
+    Q_EMIT Pointer(false);
+    return end;
+}
+
 void TestDocument::ReadFromFile(const QString& fileName)
 {
     ResetDocument();
-    m_readStop = 0;
+    m_howRead = FileRead::NotAtAll;
     DataFileReader reader(fileName);
-    bool whole = false;
+    m_howRead = FileRead::InPart;
     const auto noteStop = qScopeGuard([&] {
-        m_readStop = whole ? std::nullopt : std::optional(reader.Line());
+        m_readStop = m_howRead == FileRead::Whole ? 0 : reader.Line();
         Q_EMIT Changed();
     });
-    const DataGrid::Redraw redraw(m_grid);
+    std::vector<std::unique_ptr<DataGrid::Redraw>> redraws;
+    for (DataGrid* grid : m_grids)
+        redraws.push_back(std::make_unique<DataGrid::Redraw>(*grid));
     ReadLines(reader);
     m_title = m_info.TitlePrefix() + fileName;
-    whole = true;
+    m_howRead = FileRead::Whole;
+}
+
+QByteArray TestDocument::FileBytes() const
+{
+    DataFileWriter writer;
+    const Digits& digits = Grid().GetDigits();
+    writer.WriteText(m_context.define.FileMarker, u"");
+    writer.WriteNumber(digits.interi);
+    writer.WriteNumber(digits.decimali);
+    writer.WriteNumber(Grid().Cols() + 1);
+    for (const int index : {0, 1, kUnitInput, 2})
+        writer.WriteText(m_inputData[static_cast<std::size_t>(index)], InputCaption(index));
+    for (const FileLine& line : m_shape.lines)
+        WriteFileLine(writer, line);
+    WriteBody(writer);
+    return writer.Bytes();
 }
 
 void TestDocument::WriteToFile(const QString& fileName)
 {
-    DataFileWriter writer;
-    WriteLines(writer);
-    writer.Save(fileName);
+    WriteSafeFile(fileName, FileBytes());
     m_title = m_info.TitlePrefix() + fileName;
     ClearFlags();
     Q_EMIT Changed();
 }
 
-TestDocument::FileHead TestDocument::ReadHead(DataFileReader& reader)
+/// Lines 1 to 4, or the one line that stands in their place in a file of the older kind: the digits, and the
+/// count of comma-separated fields in each row. Builds the number format.
+int TestDocument::ReadHead(DataFileReader& reader, Digits& digits)
 {
-    FileHead head{.digits = DefaultDigits()};
     QString count = FromCodePage(reader.ReadField());
     const bool marked = count == m_context.define.FileMarker;
     if (marked) {
-        const std::int16_t interi = CountIn(FromCodePage(reader.ReadField()));
-        const std::int16_t decimali = CountIn(FromCodePage(reader.ReadField()));
-        if (interi < 1 || decimali < 0)
+        digits.interi = CountIn(FromCodePage(reader.ReadField()));
+        digits.decimali = CountIn(FromCodePage(reader.ReadField()));
+        if (digits.interi < 1 || digits.decimali < 0)
             throw RuntimeFailure(FailureKind::InvalidArgument);
-        head.digits = {.interi = interi, .decimali = decimali};
+    } else {
+        digits = m_shape.olderDigits.value_or(m_shape.digits);
     }
-    BuildNumberFormat(head.digits);
+    BuildNumberFormat(digits);
     if (marked)
         count = FromCodePage(reader.ReadField());
-    head.fieldCount = CountIn(count);
-    return head;
+    return CountIn(count);
 }
 
-QStringList TestDocument::ReadHeaderLines(DataFileReader& reader, int count)
+void TestDocument::ReadLines(DataFileReader& reader)
 {
-    QStringList lines;
-    while (lines.size() < count)
-        lines.append(reader.ReadLine());
-    m_inputData[0] = TrimBlanks(lines[0]);
-    m_inputData[1] = TrimBlanks(lines[1]);
+    Digits digits;
+    const int fieldCount = ReadHead(reader, digits);
+    QStringList inputs;
+    while (inputs.size() < kMostInputs)
+        inputs.append(TrimBlanks(reader.ReadLine()));
+    QStringList texts;
+    while (texts.size() < static_cast<qsizetype>(m_shape.lines.size()))
+        texts.append(reader.ReadLine());
     // Deliberate: the unit, although the last field, stands in the file before the sample.
-    if (InputCount() > kUnitInput)
-        m_inputData[kUnitInput] = TrimBlanks(lines[2]);
-    m_inputData[2] = TrimBlanks(lines[3]);
-    return lines;
+    m_inputData = {inputs[0], inputs[1], inputs[3], m_shape.inputs > kUnitInput ? inputs[2] : QString()};
+    for (qsizetype i = 0; i < texts.size(); ++i)
+        ReadFileLine(m_shape.lines[static_cast<std::size_t>(i)], texts[i]);
+    ReadBody(reader, fieldCount);
+    SetDigits(digits);
 }
 
-void TestDocument::ReadRow(DataFileReader& reader, DataGrid& grid, int row, int fieldCount)
+void TestDocument::ReadFileLine(const FileLine& line, const QString& text)
 {
-    for (int field = 0; field < fieldCount; ++field) {
-        QByteArrayView text = reader.ReadField();
-        while (text.endsWith(' '))
-            text.chop(1);
-        const int col = field - 1;
-        if (col < 0 || col >= grid.Cols())
-            continue;
-        grid.SetValue(row, col, text == "NIL" ? std::nullopt : std::optional(PointTextToDouble(text)));
+    switch (line.kind) {
+    case FileLine::Kind::Reserved:
+    case FileLine::Kind::Blank:
+        break;
+    case FileLine::Kind::Text:
+        SetControlText(line.control, TrimBlanks(text));
+        break;
+    case FileLine::Kind::Count:
+        SetControlText(line.control,
+                       GeneralText(PointTextToDouble(text.toLatin1()), m_context.define.DecSep));
+        break;
+    case FileLine::Kind::Own:
+        ReadOwnLine(line.control, text);
+        break;
     }
 }
 
-void TestDocument::WriteHead(DataFileWriter& writer, int fieldCount) const
+void TestDocument::WriteFileLine(DataFileWriter& writer, const FileLine& line) const
 {
-    const Digits& digits = m_grid.GetDigits();
-    writer.WriteText(m_context.define.FileMarker, u"");
-    writer.WriteNumber(digits.interi);
-    writer.WriteNumber(digits.decimali);
-    writer.WriteNumber(fieldCount);
-    for (const int index : {0, 1, kUnitInput, 2})
-        writer.WriteText(m_inputData[static_cast<std::size_t>(index)], InputCaption(index));
+    switch (line.kind) {
+    case FileLine::Kind::Reserved:
+        writer.WriteNumber(0);
+        break;
+    case FileLine::Kind::Blank:
+        writer.WriteText({}, line.caption);
+        break;
+    case FileLine::Kind::Text:
+        writer.WriteText(ControlText(line.control), line.caption);
+        break;
+    case FileLine::Kind::Count:
+        writer.WriteNumber(SizeNumber(line.control));
+        break;
+    case FileLine::Kind::Own:
+        writer.WriteText(WriteOwnLine(line.control), line.caption);
+        break;
+    }
+}
+
+void TestDocument::ReadRows(DataFileReader& reader, DataGrid& grid, int fieldCount)
+{
+    for (int row = 0; row < grid.Rows(); ++row) {
+        for (int field = 0; field < fieldCount; ++field) {
+            QByteArrayView text = reader.ReadField();
+            while (text.endsWith(' '))
+                text.chop(1);
+            const int col = field - 1;
+            if (col < 0 || col >= grid.Cols())
+                continue;
+            grid.SetValue(row, col, text == "NIL" ? std::nullopt : std::optional(PointTextToDouble(text)));
+        }
+    }
+}
+
+void TestDocument::WriteBody(DataFileWriter& writer) const
+{
+    for (const DataGrid* grid : m_grids)
+        WriteRows(writer, *grid);
 }
 
 void TestDocument::WriteRows(DataFileWriter& writer, const DataGrid& grid) const

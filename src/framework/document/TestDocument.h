@@ -1,54 +1,49 @@
-// What the documents of all seven tests have in common: header, grid, flags, digits, results, conclusions,
+// What the documents of all seven tests have in common: header, grids, flags, digits, fields, conclusions,
 // and the way from a data file and back. A document knows no window; window, report and companion ask it.
 #pragma once
 
 #include "framework/chart/ChartData.h"
-#include "framework/document/CommonDialog.h"
-#include "framework/document/Define.h"
-#include "framework/document/Messages.h"
+#include "framework/document/DocumentContext.h"
+#include "framework/document/DocumentShape.h"
+#include "framework/document/FieldSet.h"
 #include "framework/document/TestRegistry.h"
-#include "framework/files/DataFileReader.h"
-#include "framework/files/DataFileWriter.h"
+#include "framework/document/TextTable.h"
 #include "framework/grid/DataGrid.h"
-#include "framework/text/NumberText.h"
-#include "stats/CriticalValues.h"
+#include "framework/text/Language.h"
 
 #include <QAnyStringView>
+#include <QByteArray>
 #include <QLatin1StringView>
 #include <QObject>
 #include <QString>
 #include <QStringList>
 
 #include <array>
+#include <cstdint>
+#include <memory>
 #include <optional>
 #include <span>
-#include <utility>
+#include <variant>
 #include <vector>
 
-/// What a document needs of the program around it. It outlives the document.
-struct DocumentContext {
-    Define& define;
-    CommonDialog& dialog;
-    Messages& messages;
-    FTable& fTable;
+class DataFileReader;
+class DataFileWriter;
+
+/// A number of the last calculation, unrounded, under its symbol; a list has gaps where it does not apply.
+struct NamedValue {
+    QLatin1StringView name;
+    std::variant<double, bool, std::vector<std::optional<double>>> value;
 };
 
-/// A whole number that sizes the grid: its control, the smallest number that is applied, and the text that
-/// takes the place of a smaller one.
-struct SizeField {
-    QLatin1StringView control;
-    int minimum;
-    QString fallback;
+/// How a calculation ended. Anything but Done leaves results, texts and conclusions as they were.
+enum class CalcEnd {
+    Done,
+    SumIsZero, ///< nothing to calculate, and no word said
+    Refused,   ///< a message said why
 };
 
-/// A result field: its control, and the caption beside it.
-struct ResultField {
-    QLatin1StringView control;
-    QString caption;
-};
-
-/// A number of the last calculation, unrounded, under its symbol.
-using NamedValue = std::pair<QLatin1StringView, double>;
+/// How far a document was read from its file.
+enum class FileRead { Whole, InPart, NotAtAll };
 
 class TestDocument : public QObject
 {
@@ -58,144 +53,202 @@ public:
     static constexpr int kMostInputs = 4;
     static constexpr int kUnitInput = 3;
 
-    TestDocument(QAnyStringView key, const DocumentContext& context);
-
     const TestInfo& Info() const { return m_info; }
+    const DocumentShape& Shape() const { return m_shape; }
     const DocumentContext& Context() const { return m_context; }
     const QString& Title() const { return m_title; }
 
     // Header fields aInputData, from 0: method, analyte, sample, unit.
-    virtual int InputCount() const { return kMostInputs; }
     static QString InputCaption(int index);
     const QString& InputData(int index) const { return m_inputData[static_cast<std::size_t>(index)]; }
+    std::span<const QString> Inputs() const
+    {
+        return std::span(m_inputData).first(static_cast<std::size_t>(m_shape.inputs));
+    }
     /// What the user typed. Line ends become blanks: a header field is one line of the file.
     void TypeInputData(int index, const QString& text);
 
-    virtual std::span<const SizeField> SizeFields() const = 0;
-    /// What the user typed into a size field: applied when the number in it is large enough.
+    /// What the user typed into a size field: applied when the number in it lies within its limits.
     void TypeSize(QLatin1StringView control, const QString& text);
-    /// The field loses the focus. False when its number is too small: it has the fallback then and wants the
+    /// A size field loses the focus. False when its number is refused: it has the fallback then and wants the
     /// focus back.
     [[nodiscard]] bool LeaveSize(QLatin1StringView control);
 
-    DataGrid& Grid() { return m_grid; }
-    const DataGrid& Grid() const { return m_grid; }
+    /// The value of the selected option, or nothing.
+    std::optional<int> Option() const { return m_option; }
+    /// The user chose an option.
+    void ChooseOption(int value);
 
-    /// The document's own dirty flag; the grid's ChangeMade is the other one.
+    DataGrid& Grid(std::size_t index = 0) { return *m_grids[index]; }
+    const DataGrid& Grid(std::size_t index = 0) const { return *m_grids[index]; }
+    std::span<DataGrid* const> Grids() const { return m_grids; }
+    /// The user changed a grid. Its window calls this inside its guard. Fails as the document's own work on
+    /// it does.
+    virtual void CellsEdited(DataGrid& /*grid*/, const GridChange& /*change*/) {}
+    /// The headers that are data, in tests that have such.
+    std::optional<QStringList> Headers() const;
+
+    /// The document's own dirty flag; the grids' ChangeMade is the other one.
     bool IsModify() const { return m_isModify; }
     void SetIsModify(bool modified) { m_isModify = modified; }
-    bool ChangeMade() const { return m_grid.ChangeMade(); }
+    enum class Which { AllGrids, FirstGrid };
+    bool ChangeMade(Which which = Which::AllGrids) const;
     void ClearFlags();
 
-    /// The format with which values are written to the data file.
-    const QString& NumberFormat() const { return m_numberFormat; }
-    /// The user chose other digits: they hold for the grid, its file and the results from now on. Nothing
-    /// counts as changed by that.
-    void ChooseDigits(Digits digits);
+    /// The user chose other digits: they hold for the grids, the file and the results from now on. Nothing
+    /// counts as changed by that. They become the global format, too: the next results of every other
+    /// document come out in it.
+    virtual void ChooseDigits(Digits digits);
     /// "Formato numeri: Interi 3  Decimali 3", as the panel StatusBar shows it.
     QString FormatText() const;
 
-    /// What the result, caption or size field of this name shows; empty for a name that the document lacks.
-    QString ControlText(QAnyStringView control) const;
-    /// Whether the control of this name is seen.
-    virtual bool ControlVisible(QAnyStringView control) const;
-    /// The result fields, in the order of the window.
-    virtual std::span<const ResultField> ResultFields() const = 0;
-    /// Index of the selected option button, or nothing.
-    virtual std::optional<int> Option() const { return std::nullopt; }
+    /// The fields by their names.
+    const FieldSet& Fields() const { return m_fields; }
+    const QString& ControlText(QAnyStringView control) const { return m_fields[control].text; }
+    bool ControlVisible(QAnyStringView control) const { return m_fields[control].visible; }
+    /// Null for a table that the test has not got.
+    const TextTable* Table(QAnyStringView control) const;
 
     /// The text of cConcl, lines ended by CR LF.
     const QString& Conclusions() const { return m_conclusions; }
-    /// The conclusions of the last calculation, which a reset leaves as they are.
-    virtual QStringList ConclText(bool english) const = 0;
-    /// The verdict of the last calculation, Italian and English, in tests that give one; empty texts before
-    /// it.
-    virtual std::optional<std::array<QString, 2>> Verdict() const { return std::nullopt; }
-    /// The charts of the last calculation; one without data before it.
-    virtual std::vector<const ChartData*> Charts() const { return {}; }
-    /// The texts of the charts become Italian (0) or English (1).
-    virtual void SetLanGraf(int /*language*/) {}
+    /// The conclusions of the last calculation, which a reset leaves as they are; empty texts before the
+    /// first.
+    const QStringList& ConclText(Language language) const { return m_conclText[language]; }
+    const InBoth<QStringList>& ConclTexts() const { return m_conclText; }
+    /// The verdict of the last calculation, in tests that give one; empty texts before the first.
+    const std::optional<InBoth<QString>>& Verdict() const { return m_verdict; }
     /// The numbers of the last calculation that came to its end since the last reset.
     virtual std::vector<NamedValue> Values() const = 0;
 
-    /// The state of a document without a file.
+    /// A chart of the last calculation; one without data before it. Touches nothing but this document.
+    virtual ChartData Chart(std::size_t index, Language language) const;
+    /// The charts get the header texts of this moment, and are shown in this language.
+    void SetLanGraf(Language language);
+    /// All of them, as they are shown.
+    std::vector<ChartData> ShownCharts() const;
+    /// Another number each time that the charts show something else.
+    int ChartState() const { return m_chartState; }
+
+    /// The state of a document without a file. Empties the file name that all documents share, and sets the
+    /// global number format.
     void ResetDocument();
-    /// Brings the grid in line with the size fields.
+    /// Brings the grids in line with the size fields. Fails as CountIn and SetSize do.
     virtual void ResizeGrid() = 0;
     /// Reset and sized: what New and a new window show.
-    void NewDocument();
-    /// Computes results and conclusions from what stands in the fields and the grid. False when there is
-    /// nothing to calculate or a message said why not. Fails as the test's numbers do, with results, texts
-    /// and conclusions as they were.
-    virtual bool Calc() = 0;
+    void Renew();
+    /// Computes results and conclusions from what stands in the fields and the grids. Fails as the test's
+    /// numbers do, with results, texts and conclusions as they were, unless it is a chart's numbers that
+    /// fail.
+    CalcEnd Calc();
 
     /// Reset, then the document of the file. Fails where the file ends, cannot be read or holds what is no
-    /// count: what was read by then stays, and ReadStop tells the line.
+    /// count: what was read by then stays.
     void ReadFromFile(const QString& fileName);
-    /// The line, from 1, at which the last reading stopped before its end.
-    std::optional<int> ReadStop() const { return m_readStop; }
+    FileRead HowRead() const { return m_howRead; }
+    /// The line, from 1, at which a reading in part stopped; else 0.
+    int ReadStop() const { return m_readStop; }
+    /// The bytes of the document's file. Fails with InvalidArgument for a character that the code page lacks.
+    QByteArray FileBytes() const;
     /// Replaces the file as a whole and clears the flags. Fails, with file and flags as they were, as
-    /// WriteSafeFile does, and with InvalidArgument for a character that the code page lacks.
+    /// FileBytes and WriteSafeFile do.
     void WriteToFile(const QString& fileName);
 
 Q_SIGNALS:
-    /// Anything but the grid's cells may show something else now.
+    /// Anything but the grids' cells may show something else now.
     void Changed();
     /// A calculation has set all its results.
     void Calculated();
-    /// A chart shows something else now.
-    void ChartsChanged();
     /// The window's mouse pointer becomes the hourglass, or the default again.
     void Pointer(bool hourglass);
 
 protected:
-    virtual Digits DefaultDigits() const = 0;
-    /// Size fields, options and grid size as a new document has them.
-    virtual void ResetSizes() = 0;
-    /// Result fields and conclusions as a document without results shows them.
-    virtual void ResetResults() = 0;
-    virtual void ReadLines(DataFileReader& reader) = 0;
-    virtual void WriteLines(DataFileWriter& writer) const = 0;
+    /// The shape lives as long as the program. Made by MakeDocument alone, which then calls Renew.
+    TestDocument(const DocumentShape& shape, const DocumentContext& context);
 
-    /// The footnote of the charts: the header fields, each with its label, one a line.
-    QString ChartFootnote(int language) const;
-    void SetControlText(QLatin1StringView control, const QString& text);
+    // What a test adds. Calls come in the order of these lines.
+
+    /// Options and whatever else the shape does not tell, as a new document has them.
+    virtual void ResetOwn() {}
+    /// The numbers of the last calculation go.
+    virtual void ForgetNumbers() = 0;
+    /// An option was selected, by the user, a reset or a file: captions and visibility follow.
+    virtual void ShowOption() {}
+    /// The user chose an option; ShowOption came before.
+    virtual void OptionChosen() {}
+    /// Sets results, texts and conclusions, when all numbers stand.
+    virtual CalcEnd CalcTest() = 0;
+    /// The numbers of the charts, from the results that stand and are shown.
+    virtual void CalcCharts() {}
+    virtual void ReadOwnLine(QLatin1StringView /*control*/, const QString& /*text*/) {}
+    virtual QString WriteOwnLine(QLatin1StringView /*control*/) const { return {}; }
+    /// What follows the lines of the shape: sizes the grids and reads their rows. fieldCount: what the file's
+    /// head says.
+    virtual void ReadBody(DataFileReader& reader, int fieldCount) = 0;
+    virtual void WriteBody(DataFileWriter& writer) const;
+
+    // What it is made with.
+
+    void SetControlText(QAnyStringView control, const QString& text) { m_fields.SetText(control, text); }
+    void SetControlVisible(QAnyStringView control, bool visible) { m_fields.SetVisible(control, visible); }
+    void SelectOption(std::optional<int> value);
+    const QString& OptionCaption(int value) const;
     void SetConclusions(const QString& text) { m_conclusions = text; }
-    /// value in the global NumFormat.
-    QString Shown(double value) const;
-    /// The number that a shown text or a size field holds, as a 16-bit integer. Fails as TextToInt16.
-    std::int16_t CountIn(QStringView text) const;
+    void SetConclText(InBoth<QStringList> texts) { m_conclText = std::move(texts); }
+    void SetVerdict(InBoth<QString> verdict) { m_verdict = std::move(verdict); }
+    TextTable& OwnTable(QAnyStringView control);
 
-    // The common pieces of a data file.
-    struct FileHead {
-        Digits digits;
-        int fieldCount = 0; ///< comma-separated fields in each row: the row's number and the values
-    };
-    /// Lines 1 to 4, or the one line that stands in their place in a file of the older kind. Builds the
-    /// number format.
-    FileHead ReadHead(DataFileReader& reader);
-    /// Line 5 and on. The first four are the header fields, which they fill.
-    QStringList ReadHeaderLines(DataFileReader& reader, int count);
-    /// One row: its first field is dropped, the others go to the columns in order; what has no column is
-    /// dropped too.
-    static void ReadRow(DataFileReader& reader, DataGrid& grid, int row, int fieldCount);
-    void SetGridNumFormat(Digits digits);
-    void WriteHead(DataFileWriter& writer, int fieldCount) const;
+    /// A result as the window shows it, in the global number format.
+    QString Shown(double value) const;
+    /// The number that a shown field holds. Fails as TextToDouble.
+    double ShownNumber(QLatin1StringView control) const;
+    /// The number that a text or a field holds, as a 16-bit integer. Fails as TextToInt16.
+    std::int16_t CountIn(QStringView text) const;
+    std::int16_t Count(QAnyStringView control) const { return CountIn(ControlText(control)); }
+    /// The footnote of the charts: the header fields, each with its label, one a line.
+    QString ChartFootnote(Language language) const;
+    /// A grid's rows: of each row the first field is dropped, the others go to the columns in order; what has
+    /// no column is dropped too.
+    static void ReadRows(DataFileReader& reader, DataGrid& grid, int fieldCount);
     void WriteRows(DataFileWriter& writer, const DataGrid& grid) const;
 
 private:
-    const SizeField* FindSizeField(QLatin1StringView control) const;
-    int SizeNumber(QLatin1StringView control) const;
+    const SizeField& SizeOf(QLatin1StringView control) const;
+    /// The number in a size field's text, 0 where it is none.
+    int SizeNumber(QLatin1StringView control) const { return ControlText(control).toInt(); }
+    void ResetFields();
+    void SetDigits(Digits digits);
     void BuildNumberFormat(Digits digits);
+    int ReadHead(DataFileReader& reader, Digits& digits);
+    void ReadLines(DataFileReader& reader);
+    void ReadFileLine(const FileLine& line, const QString& text);
+    void WriteFileLine(DataFileWriter& writer, const FileLine& line) const;
 
+    const DocumentShape& m_shape;
     const TestInfo& m_info;
     DocumentContext m_context;
     QString m_title;
     std::array<QString, kMostInputs> m_inputData;
-    DataGrid m_grid;
+    std::vector<DataGrid*> m_grids;   ///< children
+    std::vector<TextTable*> m_tables; ///< children
+    FieldSet m_fields;
+    std::optional<int> m_option;
     bool m_isModify = false;
-    QString m_numberFormat;
-    std::vector<std::pair<QLatin1StringView, QString>> m_controlTexts;
+    QString m_numberFormat; ///< with which values are written to the data file
     QString m_conclusions;
-    std::optional<int> m_readStop;
+    InBoth<QStringList> m_conclText;
+    std::optional<InBoth<QString>> m_verdict;
+    Language m_chartLanguage = Language::Italian;
+    std::array<QString, kMostInputs> m_chartInputs; ///< the header texts that the charts show
+    int m_chartState = 0;
+    FileRead m_howRead = FileRead::Whole;
+    int m_readStop = 0;
 };
+
+/// A new document, in the state of one without a file.
+template<typename Document, typename... Arguments>
+std::unique_ptr<Document> MakeDocument(const DocumentContext& context, Arguments&&... arguments)
+{
+    auto document = std::make_unique<Document>(context, std::forward<Arguments>(arguments)...);
+    document->Renew();
+    return document;
+}

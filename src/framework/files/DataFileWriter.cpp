@@ -1,7 +1,6 @@
 #include "framework/files/DataFileWriter.h"
 
 #include "framework/files/CodePage.h"
-#include "framework/files/SafeFile.h"
 #include "framework/text/NumberText.h"
 
 void DataFileWriter::EndLine()
@@ -32,9 +31,4 @@ void DataFileWriter::WriteRow(int number, std::span<const std::optional<double>>
         m_bytes += value ? PointText(*value, decimals) : QByteArrayLiteral("NIL      ");
     }
     EndLine();
-}
-
-void DataFileWriter::Save(const QString& fileName) const
-{
-    WriteSafeFile(fileName, m_bytes);
 }

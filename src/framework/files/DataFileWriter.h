@@ -1,4 +1,4 @@
-// Builds the bytes of a data file, line by line, and then writes the file as a whole.
+// Builds the bytes of a data file, line by line.
 #pragma once
 
 #include <QByteArray>
@@ -20,8 +20,7 @@ public:
     /// given count of decimals, a point in front of them. Nothing for a value is written "NIL      ".
     void WriteRow(int number, std::span<const std::optional<double>> values, int decimals);
 
-    /// Replaces the file. Fails as WriteSafeFile does.
-    void Save(const QString& fileName) const;
+    const QByteArray& Bytes() const { return m_bytes; }
 
 private:
     void EndLine();

@@ -83,7 +83,7 @@ bool CellEditor::eventFilter(QObject* object, QEvent* event)
 
 bool CellEditor::Accepts(const QLineEdit& field) const
 {
-    return qobject_cast<const DataGrid*>(m_view->model())->Accepts(field.text());
+    return qobject_cast<const DataGrid*>(m_view->model())->Format().Accepts(field.text());
 }
 
 bool CellEditor::Commit()

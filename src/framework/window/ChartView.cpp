@@ -1,6 +1,10 @@
 #include "framework/window/ChartView.h"
 
+#include "framework/document/CommonDialog.h"
+#include "framework/document/Define.h"
+#include "framework/document/Messages.h"
 #include "framework/files/SafeFile.h"
+#include "framework/text/TextFunctions.h"
 
 #include <QClipboard>
 #include <QContextMenuEvent>
@@ -22,20 +26,21 @@ constexpr double kWheelStep = 120;
 constexpr double kKeyDrag = 30;
 } // namespace
 
-ChartView::ChartView(const ChartData& chart, const QString& caption, const DocumentContext& context,
+ChartView::ChartView(const QString& name, const QString& caption, const DocumentContext& context,
                      QWidget* parent)
-    : QWidget(parent), m_chart(chart), m_context(context)
+    : QWidget(parent), m_context(context)
 {
-    setObjectName(chart.name);
+    setObjectName(name);
     setAccessibleName(caption);
     setMouseTracking(true);
     setFocusPolicy(Qt::StrongFocus);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
-    ShowChart();
+    ShowChart(ChartData(name));
 }
 
-void ChartView::ShowChart()
+void ChartView::ShowChart(const ChartData& chart)
 {
+    m_chart = chart;
     m_stale = true;
     setAccessibleDescription(ChartDescription(m_chart, m_context.define.DecSep));
     update();
@@ -49,7 +54,7 @@ ChartPainter* ChartView::Painter()
         try {
             m_painter = CreateChartPainter(m_context.define.ProgramFolder);
         } catch (const RuntimeFailure& failure) {
-            m_failure = QString::fromStdString(failure.Text());
+            m_failure = FailureText(failure);
             return nullptr;
         }
     }
@@ -136,7 +141,11 @@ void ChartView::mouseReleaseEvent(QMouseEvent* event)
 
 void ChartView::mouseDoubleClickEvent(QMouseEvent* event)
 {
-    if (event->button() == Qt::LeftButton)
+    if (event->button() != Qt::LeftButton)
+        return;
+    if (m_enlargeable && event->modifiers() == Qt::ControlModifier)
+        Q_EMIT EnlargeAsked();
+    else
         ShowAll();
 }
 
@@ -163,6 +172,13 @@ void ChartView::keyPressEvent(QKeyEvent* event)
         break;
     case Qt::Key_Home:
         ShowAll();
+        break;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        if (m_enlargeable)
+            Q_EMIT EnlargeAsked();
+        else
+            QWidget::keyPressEvent(event);
         break;
     case Qt::Key_Left:
         DragBy({kKeyDrag, 0});
@@ -195,6 +211,8 @@ void ChartView::contextMenuEvent(QContextMenuEvent* event)
                    [this] { Save(ChartFormat::Png, u"png"_s, u"PNG|*.png"_s); });
     menu.addSeparator();
     menu.addAction(u"Mostra &tutto"_s, this, &ChartView::ShowAll);
+    if (m_enlargeable)
+        menu.addAction(u"&Ingrandisci o affianca"_s, this, &ChartView::EnlargeAsked);
     for (QAction* action : menu.actions())
         action->setEnabled(Painter() != nullptr);
     menu.exec(event->globalPos());
@@ -223,6 +241,6 @@ void ChartView::Save(ChartFormat format, const QString& extension, const QString
     } catch (const RuntimeFailure& failure) {
         m_context.messages.Show(MessageIcon::Critical, m_context.define.AppTitle,
                                 u"Il grafico non è stato salvato nel file\n%1\n\n%2."_s.arg(
-                                    dialog.FileName, QString::fromStdString(failure.Text())));
+                                    dialog.FileName, FailureText(failure)));
     }
 }

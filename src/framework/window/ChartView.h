@@ -3,7 +3,7 @@
 #pragma once
 
 #include "framework/chart/ChartPainter.h"
-#include "framework/document/TestDocument.h"
+#include "framework/document/DocumentContext.h"
 
 #include <QWidget>
 
@@ -12,15 +12,20 @@ class ChartView : public QWidget
     Q_OBJECT
 
 public:
-    /// chart outlives the view. caption: what a screen reader says.
-    ChartView(const ChartData& chart, const QString& caption, const DocumentContext& context,
+    /// name: of the chart. caption: what a screen reader says.
+    ChartView(const QString& name, const QString& caption, const DocumentContext& context,
               QWidget* parent = nullptr);
 
-    /// The chart has changed: shows it anew, all of it.
-    void ShowChart();
+    /// Shows this chart from now on, all of it.
+    void ShowChart(const ChartData& chart);
+    /// Whether Enter, Ctrl with a double click and the menu ask for the chart to be enlarged, or put back.
+    void SetEnlargeable(bool enlargeable) { m_enlargeable = enlargeable; }
 
     QSize sizeHint() const override { return {640, 420}; }
     QSize minimumSizeHint() const override { return {240, 180}; }
+
+Q_SIGNALS:
+    void EnlargeAsked();
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -43,10 +48,11 @@ private:
     void CopyPicture();
     void Save(ChartFormat format, const QString& extension, const QString& filter);
 
-    const ChartData& m_chart;
+    ChartData m_chart;
     DocumentContext m_context;
     std::unique_ptr<ChartPainter> m_painter;
     QString m_failure; ///< why there is no painter
     bool m_stale = true;
+    bool m_enlargeable = false;
     std::optional<QPointF> m_dragFrom;
 };

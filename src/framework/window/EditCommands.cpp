@@ -1,5 +1,6 @@
 #include "framework/window/EditCommands.h"
 
+#include "framework/document/Define.h"
 #include "framework/window/GridView.h"
 
 #include <QClipboard>
@@ -74,7 +75,7 @@ Answer AskMoveOrCopy(const DocumentContext& context)
         u"Desideri spostare i dati selezionati?\nScegliendo No i dati verranno copiati"_s);
 }
 
-void DropBlock(GridView& view, DataGrid& grid, const GridBlock& from, int row, int col,
+void DropBlock(GridView& view, GridEdits& grid, const GridBlock& from, int row, int col,
                const DocumentContext& context)
 {
     const Answer answer = grid.Overwrites(from, row, col) ? AskMoveOrCopy(context) : Answer::Yes;

@@ -1,7 +1,9 @@
 // Clear, copy, cut and paste, on the control that has the focus: a grid's block, or a text's selection.
 #pragma once
 
-#include "framework/document/TestDocument.h"
+#include "framework/document/DocumentContext.h"
+#include "framework/document/Messages.h"
+#include "framework/grid/GridEdits.h"
 
 #include <QWidget>
 
@@ -17,5 +19,5 @@ void EditPaste(QWidget* activeControl);
 Answer AskMoveOrCopy(const DocumentContext& context);
 
 /// A block was dropped: asks where it would overwrite numbers, and moves or copies it.
-void DropBlock(GridView& view, DataGrid& grid, const GridBlock& from, int row, int col,
+void DropBlock(GridView& view, GridEdits& grid, const GridBlock& from, int row, int col,
                const DocumentContext& context);

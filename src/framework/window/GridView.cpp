@@ -38,9 +38,7 @@ GridView::GridView(DataGrid& grid, const QString& name, const QString& caption, 
     verticalHeader()->setDefaultAlignment(Qt::AlignRight | Qt::AlignVCenter);
     horizontalHeader()->setHighlightSections(false);
     horizontalHeader()->setFixedHeight(fontMetrics().height() + kHeaderMargins);
-    connect(&grid, &DataGrid::DigitsChanged, this, &GridView::FitColumns);
     connect(&grid, &DataGrid::modelReset, this, &GridView::FitColumns);
-    connect(horizontalHeader(), &QHeaderView::sectionDoubleClicked, this, &GridView::HeaderDoubleClicked);
     connect(new BlockDrag(this), &BlockDrag::Dropped, this, &GridView::Dropped);
     FitColumns();
 }
@@ -73,7 +71,7 @@ void GridView::resizeEvent(QResizeEvent* event)
 
 void GridView::FitColumns()
 {
-    const auto characters = static_cast<double>(m_grid.LargestText().size()) + kMoreCharacters;
+    const auto characters = static_cast<double>(m_grid.Format().LargestText().size()) + kMoreCharacters;
     const double number = characters * fontMetrics().horizontalAdvance(u'9') + kCellMargins;
     for (int col = 0; col < m_grid.Cols(); ++col) {
         const int width = std::max(static_cast<int>(std::min<double>(number, kWidestColumn)),
@@ -126,19 +124,19 @@ void GridView::SelectBlock(const GridBlock& block)
 void GridView::ClearSelected()
 {
     if (const auto block = Block())
-        m_grid.ClearBlock(*block);
+        m_grid.Edits().ClearBlock(*block);
 }
 
 QString GridView::SelectedText() const
 {
     const auto block = Block();
-    return block ? m_grid.BlockText(*block) : QString();
+    return block ? m_grid.Edits().BlockText(*block) : QString();
 }
 
 void GridView::PasteText(const QString& text)
 {
     if (const auto block = Block())
-        Q_EMIT Pasted(m_grid.PasteText(block->row, block->col, text));
+        Q_EMIT Pasted(m_grid.Edits().PasteText(block->row, block->col, text));
 }
 
 void GridView::Advance(bool forward)
@@ -153,12 +151,30 @@ void GridView::Advance(bool forward)
         setCurrentIndex(m_grid.index(row, at.column()));
 }
 
+void GridView::SetWalk(int columns, GridView* previous, GridView* next)
+{
+    m_walkedColumns = columns;
+    m_previous = previous;
+    m_next = next;
+}
+
+int GridView::WalkedColumns() const
+{
+    return std::min(m_walkedColumns.value_or(m_grid.Cols()), m_grid.Cols());
+}
+
 void GridView::NextCell(bool advanceNext)
 {
-    const int col = currentIndex().column() + (advanceNext ? 1 : -1);
-    if (col < 0 || col >= m_grid.Cols())
-        return;
-    setCurrentIndex(m_grid.index(advanceNext ? 0 : m_grid.Rows() - 1, col));
+    GridView* view = this;
+    int col = currentIndex().column() + (advanceNext ? 1 : -1);
+    if (col < 0 || col >= WalkedColumns()) {
+        view = advanceNext ? m_next : m_previous;
+        if (view == nullptr || view->isHidden())
+            return;
+        col = advanceNext ? 0 : view->WalkedColumns() - 1;
+        view->setFocus(Qt::TabFocusReason);
+    }
+    view->setCurrentIndex(view->m_grid.index(advanceNext ? 0 : view->m_grid.Rows() - 1, col));
 }
 
 bool GridView::CommitEditor()
@@ -170,22 +186,22 @@ bool GridView::CommitEditor()
 /// the grid, where Tab walks on.
 bool GridView::RunShortcut(QKeyEvent* event)
 {
-    std::optional<GridBlock> changed;
+    std::optional<GridChange> changed;
     if (event->matches(QKeySequence::Copy))
         QGuiApplication::clipboard()->setText(SelectedText());
     else if (event->matches(QKeySequence::Paste))
         PasteText(QGuiApplication::clipboard()->text());
     else if (event->matches(QKeySequence::Undo))
-        changed = m_grid.Undo();
+        changed = m_grid.Edits().Undo();
     else if (event->matches(QKeySequence::Redo) || event->keyCombination() == (Qt::CTRL | Qt::Key_Y))
-        changed = m_grid.Redo();
+        changed = m_grid.Edits().Redo();
     else if (event->key() == Qt::Key_F6)
         // The view's own version sends a Tab back here. NOLINTNEXTLINE(bugprone-parent-virtual-call)
         QWidget::focusNextPrevChild(!event->modifiers().testFlag(Qt::ShiftModifier));
     else
         return false;
-    if (changed)
-        SelectBlock(*changed);
+    if (changed && changed->part == GridChange::Part::Cells)
+        SelectBlock(changed->block);
     return true;
 }
 

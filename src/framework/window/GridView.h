@@ -36,8 +36,11 @@ public:
     /// The caret goes to the next cell of the column, down or up, and at its end to the next column.
     void Advance(bool forward);
     /// From the end of a column on: forward to the top of the next one, backward to the bottom of the one
-    /// before; at the last and the first the caret stays.
+    /// before; at the last and the first of the walk the caret goes on in another view, or stays.
     void NextCell(bool advanceNext);
+    /// The caret's walk: over the first so many columns, and from there to the next view and back to the
+    /// previous one. Without a view, or where it is hidden, the walk ends there.
+    void SetWalk(int columns, GridView* previous, GridView* next);
     /// Takes over what is being typed, before a command runs. False when the cell refuses it: the field stays
     /// open then.
     [[nodiscard]] bool CommitEditor();
@@ -50,7 +53,6 @@ Q_SIGNALS:
     void Pasted(const PasteCount& count);
     /// A block was dropped on another place.
     void Dropped(const GridBlock& from, int row, int col);
-    void HeaderDoubleClicked(int col);
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
@@ -62,6 +64,7 @@ protected:
     QSize viewportSizeHint() const override;
 
 private:
+    int WalkedColumns() const;
     bool RunShortcut(QKeyEvent* event);
     void FitColumns();
     void PlaceCorner();
@@ -70,4 +73,7 @@ private:
     CellEditor* m_editor;
     QMenu* m_popup = nullptr;
     QLabel* m_corner = nullptr;
+    std::optional<int> m_walkedColumns; ///< all where none are told
+    GridView* m_previous = nullptr;
+    GridView* m_next = nullptr;
 };

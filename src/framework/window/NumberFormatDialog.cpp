@@ -1,5 +1,7 @@
 #include "framework/window/NumberFormatDialog.h"
 
+#include "framework/document/Define.h"
+#include "framework/document/Messages.h"
 #include "framework/window/Forms.h"
 
 #include <QFormLayout>
@@ -25,8 +27,9 @@ QPushButton* Button(const QString& name, const QString& caption)
 
 } // namespace
 
-NumberFormatDialog::NumberFormatDialog(const DataGrid& grid, const DocumentContext& context, QWidget* parent)
-    : QDialog(parent), oGrid(grid), m_context(context)
+NumberFormatDialog::NumberFormatDialog(const DataGrid& grid, const DocumentContext& context, Guard guard,
+                                       QWidget* parent)
+    : QDialog(parent), oGrid(grid), m_context(context), m_guard(std::move(guard))
 {
     setObjectName(u"FormNumero"_s);
     setWindowTitle(u"Formato numeri"_s);
@@ -47,7 +50,7 @@ NumberFormatDialog::NumberFormatDialog(const DataGrid& grid, const DocumentConte
     QPushButton* ok = Button(u"Command10"_s, u"&OK"_s);
     ok->setDefault(true);
     QPushButton* cancel = Button(u"Command11"_s, u"&Annulla"_s);
-    connect(ok, &QPushButton::clicked, this, &NumberFormatDialog::Store);
+    connect(ok, &QPushButton::clicked, this, [this] { m_guard([this] { Store(); }); });
     connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
     auto* buttons = new QHBoxLayout;
     buttons->addStretch(1);

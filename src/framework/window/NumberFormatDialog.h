@@ -1,8 +1,9 @@
 // The counts of integer and decimal digits of a document.
 #pragma once
 
-#include "framework/document/TestDocument.h"
+#include "framework/document/DocumentContext.h"
 #include "framework/grid/DataGrid.h"
+#include "framework/window/Guard.h"
 
 #include <QDialog>
 #include <QLineEdit>
@@ -15,7 +16,8 @@ class NumberFormatDialog : public QDialog
 
 public:
     /// Shows the digits of the grid.
-    NumberFormatDialog(const DataGrid& grid, const DocumentContext& context, QWidget* parent = nullptr);
+    NumberFormatDialog(const DataGrid& grid, const DocumentContext& context, Guard guard,
+                       QWidget* parent = nullptr);
 
     /// Empty when the dialog was cancelled; else the counts below are the user's.
     QString NumberFormat;
@@ -28,5 +30,6 @@ private:
 
     const DataGrid& oGrid;
     DocumentContext m_context;
+    Guard m_guard;
     std::array<QLineEdit*, 2> m_numForm{};
 };

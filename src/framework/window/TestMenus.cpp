@@ -9,10 +9,14 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
+/// What an item or a button follows.
+enum class Follows { Nothing, Data };
+
 /// An item of a menu. An empty name is a separator.
 struct Item {
     QString name;
     QString caption;
+    Follows follows = Follows::Nothing;
     QString shortcut = {};
     QString onlyIn = {}; ///< the keys of the tests that have it; empty: all
     bool hidden = false;
@@ -35,31 +39,31 @@ const QList<Menu>& MenuTable()
          u"&File"_s,
          {{u"FileNuovo"_s, u"&Nuovo"_s},
           {u"FileApri"_s, u"&Apri..."_s},
-          {u"FileSalva"_s, u"&Salva"_s},
-          {u"FileSalvaNome"_s, u"Salva con &nome..."_s},
+          {u"FileSalva"_s, u"&Salva"_s, Follows::Data},
+          {u"FileSalvaNome"_s, u"Salva con &nome..."_s, Follows::Data},
           {},
-          {u"FileStampa"_s, u"&Stampa..."_s},
-          {u"FileStampaGrafico"_s, u"Stampa &grafico..."_s, {}, kWithChart},
-          {u"FileImpostaStampante"_s, u"&Imposta stampante..."_s},
+          {u"FileStampa"_s, u"&Stampa..."_s, Follows::Data},
+          {u"FileStampaGrafico"_s, u"Stampa &grafico..."_s, Follows::Data, {}, kWithChart},
+          {u"FileImpostaStampante"_s, u"&Imposta stampante..."_s, Follows::Data},
           {},
-          {u"FileCancella"_s, u"Canc&ella..."_s, {}, kWithColumns, true},
+          {u"FileCancella"_s, u"Canc&ella..."_s, {}, {}, kWithColumns, true},
           {},
           {u"FileChiudi"_s, u"&Chiudi"_s}}},
         {u"Modifica"_s,
          u"&Modifica"_s,
          // Deliberate: Ctrl+X is the shortcut of Cancella, not of Taglia.
-         {{u"ModificaTaglia"_s, u"&Taglia"_s, u"Shift+Del"_s},
-          {u"ModificaCopia"_s, u"&Copia"_s, u"Ctrl+Ins"_s},
-          {u"ModificaIncolla"_s, u"&Incolla"_s, u"Shift+Ins"_s},
-          {u"ModificaCancella"_s, u"Ca&ncella"_s, u"Ctrl+X"_s},
-          {u"CopiaColonna"_s, u"Copia co&lonna"_s, {}, kWithColumns, true},
-          {u"IncollaColonna"_s, u"Incoll&a colonna"_s, {}, kWithColumns, true}}},
+         {{u"ModificaTaglia"_s, u"&Taglia"_s, {}, u"Shift+Del"_s},
+          {u"ModificaCopia"_s, u"&Copia"_s, {}, u"Ctrl+Ins"_s},
+          {u"ModificaIncolla"_s, u"&Incolla"_s, {}, u"Shift+Ins"_s},
+          {u"ModificaCancella"_s, u"Ca&ncella"_s, {}, u"Ctrl+X"_s},
+          {u"CopiaColonna"_s, u"Copia co&lonna"_s, {}, {}, kWithColumns, true},
+          {u"IncollaColonna"_s, u"Incoll&a colonna"_s, {}, {}, kWithColumns, true}}},
         {u"Strumenti"_s,
          u"&Strumenti"_s,
-         {{u"StrumentiCalcola"_s, u"&Calcola"_s},
+         {{u"StrumentiCalcola"_s, u"&Calcola"_s, Follows::Data},
           {},
           {u"StrumentiSetup"_s, u"&Setup formato numeri..."_s},
-          {u"StrumentiConcentrazioni"_s, u"C&oncentrazioni..."_s, {}, kWithConcentrations}}},
+          {u"StrumentiConcentrazioni"_s, u"C&oncentrazioni..."_s, {}, {}, kWithConcentrations}}},
         {u"MnuMetodi"_s, u"M&etodi"_s, {}},
         {u"MnuFinestre"_s,
          u"&Finestre"_s,
@@ -117,6 +121,7 @@ QList<Method> MethodsOf(QLatin1StringView key)
 struct Button {
     QString key;
     QString toolTip;
+    Follows follows = Follows::Nothing;
 };
 
 const QList<Button>& ButtonTable()
@@ -124,16 +129,16 @@ const QList<Button>& ButtonTable()
     static const QList<Button> kButtons = {
         {u"New"_s, u"Nuovo file"_s},
         {u"Open"_s, u"Apri file"_s},
-        {u"Save"_s, u"Salva file"_s},
+        {u"Save"_s, u"Salva file"_s, Follows::Data},
         {},
         {u"Cut"_s, u"Taglia"_s},
         {u"Copy"_s, u"Copia"_s},
         {u"Paste"_s, u"Incolla"_s},
         {},
-        {u"Print"_s, u"Stampa report"_s},
-        {u"PrintGraph"_s, u"Stampa grafico"_s},
+        {u"Print"_s, u"Stampa report"_s, Follows::Data},
+        {u"PrintGraph"_s, u"Stampa grafico"_s, Follows::Data},
         {},
-        {u"Sum"_s, u"Calcola risultati"_s},
+        {u"Sum"_s, u"Calcola risultati"_s, Follows::Data},
         {},
         {u"Plan"_s, u"Descrizione metodo"_s},
         {u"StatPar"_s, u"Parametri statistica"_s},
@@ -159,25 +164,41 @@ QAction* AddItem(QMenu* menu, const Item& item)
     return action;
 }
 
-void SetEnabledWhereHandled(QAction* action, bool enabled)
+constexpr const char* kGreyReasons = "greyReasons";
+constexpr const char* kFollowsData = "followsData";
+
+void Connect(QAction* action, QObject* receiver, const FindCommand& find, Follows follows)
 {
-    action->setEnabled(enabled && !action->property(kNoHandler).toBool());
+    if (const auto run = find(action->objectName()))
+        QObject::connect(action, &QAction::triggered, receiver, run);
+    else
+        SetGrey(action, Grey::NoCommand, true);
+    action->setProperty(kFollowsData, follows == Follows::Data);
 }
 
 } // namespace
 
-void ConnectAction(QAction* action, QObject* receiver, const HandlerOf& handlerOf)
+Greys GreyReasons(const QAction* action)
 {
-    const auto handler = handlerOf(action->objectName());
-    if (handler) {
-        QObject::connect(action, &QAction::triggered, receiver, handler);
-    } else {
-        action->setProperty(kNoHandler, true);
-        action->setEnabled(false);
+    return Greys::fromInt(action->property(kGreyReasons).toInt());
+}
+
+void SetGrey(QAction* action, Grey reason, bool grey)
+{
+    const Greys reasons = GreyReasons(action).setFlag(reason, grey);
+    action->setProperty(kGreyReasons, reasons.toInt());
+    action->setEnabled(!reasons);
+}
+
+void SetDataState(const QList<QAction*>& actions, bool data)
+{
+    for (QAction* action : actions) {
+        if (action->property(kFollowsData).toBool())
+            SetGrey(action, Grey::NoData, !data);
     }
 }
 
-QList<QMenu*> BuildMenus(QWidget* parent, const TestInfo& info, const HandlerOf& handlerOf)
+QList<QMenu*> BuildMenus(QWidget* parent, const TestInfo& info, const FindCommand& find)
 {
     QList<QMenu*> menus;
     for (const Menu& entry : MenuTable()) {
@@ -188,20 +209,20 @@ QList<QMenu*> BuildMenus(QWidget* parent, const TestInfo& info, const HandlerOf&
                 continue;
             QAction* action = AddItem(menu, item);
             if (!action->isSeparator())
-                ConnectAction(action, parent, handlerOf);
+                Connect(action, parent, find, item.follows);
         }
         if (entry.name == u"MnuMetodi"_s) {
             int index = 0;
             for (const Method& method : MethodsOf(info.key))
-                ConnectAction(AddItem(menu, {u"MnuMetod%1"_s.arg(index++), method.caption}), parent,
-                              handlerOf);
+                Connect(AddItem(menu, {u"MnuMetod%1"_s.arg(index++), method.caption}), parent, find,
+                        Follows::Nothing);
         }
         menus.append(menu);
     }
     return menus;
 }
 
-void BuildToolbar(QToolBar* toolbar, const TestInfo& info, const HandlerOf& handlerOf)
+void BuildToolbar(QToolBar* toolbar, const TestInfo& info, const FindCommand& find)
 {
     for (const Button& button : ButtonTable()) {
         if (button.key.isEmpty()) {
@@ -215,31 +236,7 @@ void BuildToolbar(QToolBar* toolbar, const TestInfo& info, const HandlerOf& hand
         action->setIcon(QIcon(u":/toolbar/%1.svg"_s.arg(button.key)));
         action->setToolTip(button.toolTip);
         action->setStatusTip(button.toolTip);
-        ConnectAction(action, toolbar, handlerOf);
-    }
-}
-
-void SetToolbarState(QToolBar* toolbar, bool enabled)
-{
-    const QList<QAction*> actions = toolbar->actions();
-    for (QAction* action : actions) {
-        static const QStringList kFollowing = {u"Save"_s, u"Print"_s, u"PrintGraph"_s, u"Sum"_s};
-        if (kFollowing.contains(action->objectName()))
-            SetEnabledWhereHandled(action, enabled);
-    }
-}
-
-void SetMenuState(const QList<QMenu*>& menus, bool enabled)
-{
-    static const QStringList kFollowing = {
-        u"FileSalva"_s,         u"FileSalvaNome"_s,        u"FileStampa"_s,
-        u"FileStampaGrafico"_s, u"FileImpostaStampante"_s, u"StrumentiCalcola"_s};
-    for (const QMenu* menu : menus) {
-        const QList<QAction*> actions = menu->actions();
-        for (QAction* action : actions) {
-            if (kFollowing.contains(action->objectName()))
-                SetEnabledWhereHandled(action, enabled);
-        }
+        Connect(action, toolbar, find, button.follows);
     }
 }
 

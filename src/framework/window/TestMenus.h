@@ -4,32 +4,36 @@
 #include "framework/document/TestRegistry.h"
 
 #include <QAction>
+#include <QFlags>
 #include <QList>
 #include <QMenu>
 #include <QToolBar>
 
 #include <functional>
 
-/// What a menu item or button of this name does, or nothing where the program has no such thing yet.
-using HandlerOf = std::function<std::function<void()>(const QString& name)>;
+/// Why an item or a button is grey. It says so itself; where nothing speaks against it, it is enabled.
+enum class Grey {
+    NoCommand = 1, ///< the program has no such thing yet
+    NoData = 2,    ///< there is nothing to save, to print or to calculate
+    NoText = 4,    ///< the clipboard is empty
+};
+Q_DECLARE_FLAGS(Greys, Grey)
 
-/// Connects the action of this name to its handler, or disables it for good where there is none.
-/// An action without a handler carries the property kNoHandler.
-void ConnectAction(QAction* action, QObject* receiver, const HandlerOf& handlerOf);
-inline constexpr const char* kNoHandler = "noHandler";
+Greys GreyReasons(const QAction* action);
+void SetGrey(QAction* action, Grey reason, bool grey);
 
-/// The menus of a test window, in the order of its menu bar, with the objectNames of the items.
-/// Their items belong to parent.
-QList<QMenu*> BuildMenus(QWidget* parent, const TestInfo& info, const HandlerOf& handlerOf);
+/// What the command of this name does, or nothing where there is none.
+using FindCommand = std::function<std::function<void()>(const QString& name)>;
+
+/// The menus of a test window, in the order of its menu bar, with the objectNames of the items. Their items
+/// belong to parent.
+QList<QMenu*> BuildMenus(QWidget* parent, const TestInfo& info, const FindCommand& find);
 
 /// Fills the toolbar of a test window.
-void BuildToolbar(QToolBar* toolbar, const TestInfo& info, const HandlerOf& handlerOf);
+void BuildToolbar(QToolBar* toolbar, const TestInfo& info, const FindCommand& find);
 
-/// The buttons that follow the document's state: Save, Print, PrintGraph, Sum.
-void SetToolbarState(QToolBar* toolbar, bool enabled);
-
-/// The items that follow the document's state: saving, printing, calculating.
-void SetMenuState(const QList<QMenu*>& menus, bool enabled);
+/// Those that follow the document's data are grey without: saving, printing, calculating.
+void SetDataState(const QList<QAction*>& actions, bool data);
 
 /// The keys of the other six tests, in the order in which the test's menu MnuMetodi shows them.
 QList<QString> OtherTests(const TestInfo& info);

@@ -2,40 +2,32 @@
 // to the document. It computes nothing.
 #pragma once
 
-#include "framework/document/DocumentLife.h"
+#include "framework/document/TestDocument.h"
 #include "framework/window/Descriptions.h"
 #include "framework/window/Frame.h"
-#include "framework/window/GridView.h"
 #include "framework/window/StatusPanels.h"
+#include "framework/window/WindowCommands.h"
 #include "framework/window/WindowFields.h"
+#include "framework/window/WindowPages.h"
 
 #include <QList>
 #include <QMenu>
-#include <QTabWidget>
-#include <QToolBar>
 #include <QWidget>
 
-#include <functional>
 #include <memory>
+#include <utility>
 
-/// A field that sizes the grid, with what stands beside it.
-struct CountField {
-    QLatin1StringView control;
-    QString captionName;
-    QString caption;
-    QString minimumName;
-    QString minimum;
-};
-
+/// Who owns what: the window its document and its pages, the pages their frames and views, the document its
+/// grids. The pages go before the document does. Made by MakeWindow alone.
 class TestWindow : public QWidget
 {
     Q_OBJECT
 
 public:
-    TestWindow(std::unique_ptr<TestDocument> document, Frame& frame);
+    ~TestWindow() override;
 
     TestDocument& Document() { return *m_document; }
-    const QList<QMenu*>& Menus() const { return m_menus; }
+    const QList<QMenu*>& Menus() const { return m_commands->Menus(); }
     /// The window has become the active one.
     virtual void Activated();
 
@@ -46,67 +38,43 @@ public:
     /// Closes without a further question.
     void Unload();
 
+    /// The pages and the commands stand: makes the menus, and shows the document and the first page.
+    void Finish();
+
     QSize sizeHint() const override;
 
 protected:
-    WindowFields& Fields() { return *m_fields; }
-    /// A view of a grid, with the popup of the menu Modifica and the description of grids.
-    GridView* Grid(DataGrid& grid, const QString& name, const QString& caption);
+    /// What derives from this adds its pages, and the commands that it has beside the common ones.
+    TestWindow(std::unique_ptr<TestDocument> document, Frame& frame);
 
-    // The pages and what stands on them.
-    void AddPage(QWidget* page, const QString& caption);
-    /// A page for each chart of the document.
-    void AddChartPages();
-    /// Header fields and conclusions.
-    QWidget* InfoPage(const QString& labelName, const QString& conclusionsFrame);
-    /// Frames one below the other, on the left and on the right; the last on the left takes the room that is
-    /// left.
-    static QWidget* TwoSides(const QList<QWidget*>& left, const QList<QWidget*>& right);
-    /// A frame with a field that sizes the grid, in the first row of a grid layout of three columns.
-    QGroupBox* CountFrame(const QString& name, const QString& title, const CountField& field);
-    /// A frame with the document's grid.
-    QGroupBox* GridFrame(const QString& name, const QString& title);
-    /// The frame of the results, still without them.
-    QGroupBox* ResultBox(const QString& name);
-    /// The pages stand: shows the document, and the first of them.
-    void Finish();
-    /// Shows what the document holds, everywhere.
-    virtual void Refresh();
-    /// Runs a command of a menu or button, after what is being typed into a grid.
-    void RunCommand(const std::function<void()>& command);
-    /// Runs a user's event. A run-time failure ends here: its message, and then the program's end.
-    void Run(const std::function<void()>& event);
+    WindowFields& Fields() { return *m_fields; }
+    WindowPages& Pages() { return *m_pages; }
+    WindowCommands& Commands() { return *m_commands; }
 
     void closeEvent(QCloseEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    std::function<void()> HandlerOf(const QString& name);
-    std::function<void()> HandlerOfMethod(int index);
-    QMenu* Menu(QLatin1StringView name) const;
-    void SetTools(bool enabled);
-    bool CommitGrids();
+    /// Shows what the document holds, everywhere.
+    void Refresh();
     void CaptionToToolTip();
     void Describe(const QString& text);
     QString ReadNotice() const;
 
-    void FileNuovo();
-    void FileApri();
-    void FileSalva();
-    void FileSalvaNome();
-    void FileChiudi();
-    void StrumentiCalcola();
-    void StrumentiSetup();
-    void ToolbarSum();
-
     std::unique_ptr<TestDocument> m_document;
-    Frame& m_frame;
+    WindowCommands* m_commands;
     WindowFields* m_fields;
     Descriptions* m_descriptions;
-    QList<QMenu*> m_menus;
-    QToolBar* m_toolbar;
-    QTabWidget* m_tabs;
+    std::unique_ptr<WindowPages> m_pages;
     StatusPanels* m_panels;
-    QList<GridView*> m_grids;
     bool m_unloading = false; ///< the question was asked
 };
+
+/// A window with its document, complete.
+template<typename Window>
+std::unique_ptr<Window> MakeWindow(std::unique_ptr<TestDocument> document, Frame& frame)
+{
+    auto window = std::make_unique<Window>(std::move(document), frame);
+    window->Finish();
+    return window;
+}

@@ -1,10 +1,14 @@
 #include "framework/window/WindowFields.h"
 
+#include "framework/document/TestDocument.h"
+
+#include <QButtonGroup>
 #include <QFormLayout>
 #include <QKeyEvent>
 #include <QRegularExpressionValidator>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -25,6 +29,12 @@ QString OneLineEnd(QString text)
     return text.replace("\r\n"_L1, "\n"_L1);
 }
 
+/// The first free row of a layout; that of an empty one is 0, which the layout does not say.
+int NextRow(const QGridLayout* layout)
+{
+    return layout->count() == 0 ? 0 : layout->rowCount();
+}
+
 } // namespace
 
 WindowFields::WindowFields(TestDocument& document, Guard guard, QObject* parent)
@@ -38,7 +48,7 @@ QWidget* WindowFields::HeaderFields(const QString& labelName)
     auto* form = new QFormLayout(fields);
     form->setContentsMargins(0, 0, 0, 0);
     form->setRowWrapPolicy(QFormLayout::DontWrapRows);
-    for (int i = 0; i < m_document.InputCount(); ++i) {
+    for (int i = 0; i < m_document.Shape().inputs; ++i) {
         auto* edit = new QLineEdit;
         edit->setObjectName(u"aInputData%1"_s.arg(i));
         edit->installEventFilter(this);
@@ -80,10 +90,61 @@ QLineEdit* WindowFields::SizeEdit(QLatin1StringView control)
     return edit;
 }
 
-QLabel* WindowFields::ResultLabel(const ResultField& field)
+void WindowFields::AddSize(QGridLayout* layout, const SizeRow& row)
 {
-    QLabel* label = CaptionLabel(field.control);
-    label->setAccessibleDescription(field.caption);
+    const SizeField& field = *std::ranges::find(m_document.Shape().sizes, row.control, &SizeField::control);
+    QLineEdit* edit = SizeEdit(field.control);
+    QLabel* caption = FixedLabel(row.labelName, field.caption);
+    caption->setWordWrap(true);
+    caption->setBuddy(edit);
+    const int at = NextRow(layout);
+    layout->addWidget(caption, at, 0);
+    layout->addWidget(edit, at, 1);
+    layout->addWidget(FixedLabel(row.minimumName, field.MinimumCaption()), at, 2);
+    layout->setColumnStretch(0, 1);
+}
+
+void WindowFields::AddOptions(QGridLayout* layout, int columns)
+{
+    auto* group = new QButtonGroup(this);
+    for (const OptionField& option : m_document.Shape().options) {
+        auto* button = new QRadioButton(option.caption);
+        button->setObjectName(option.control);
+        group->addButton(button, option.value);
+        layout->addWidget(button, NextRow(layout), 0, 1, columns);
+        button->setVisible(option.visible);
+        m_options.append(button);
+    }
+    connect(group, &QButtonGroup::idClicked, this,
+            [this](int value) { m_guard([&] { m_document.ChooseOption(value); }); });
+}
+
+void WindowFields::AddResults(QGridLayout* layout, const QList<ResultRow>& rows)
+{
+    qsizetype most = 0;
+    for (const ResultRow& row : rows)
+        most = std::max(most, row.controls.size());
+    const int columns = static_cast<int>(most) + 1;
+    for (const ResultRow& row : rows) {
+        const int at = NextRow(layout);
+        if (row.labelName.isEmpty()) {
+            layout->addWidget(ResultLabel(row.controls.constFirst()), at, 0, 1, columns);
+            continue;
+        }
+        const QString caption =
+            row.caption.isEmpty() ? m_document.Fields()[row.controls.constFirst()].caption : row.caption;
+        layout->addWidget(FixedLabel(row.labelName, caption), at, 0, 1, row.controls.isEmpty() ? columns : 1);
+        for (qsizetype i = 0; i < row.controls.size(); ++i)
+            layout->addWidget(ResultLabel(row.controls[i]), at, static_cast<int>(i) + 1);
+    }
+    for (int column = 1; column < columns; ++column)
+        layout->setColumnStretch(column, 1);
+}
+
+QLabel* WindowFields::ResultLabel(QLatin1StringView control)
+{
+    QLabel* label = FieldLabel(control);
+    label->setAccessibleDescription(m_document.Fields()[control].caption);
     label->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
     label->setAutoFillBackground(true);
     label->setBackgroundRole(QPalette::Base);
@@ -94,9 +155,9 @@ QLabel* WindowFields::ResultLabel(const ResultField& field)
     return label;
 }
 
-QLabel* WindowFields::CaptionLabel(QLatin1StringView control)
+QLabel* WindowFields::FieldLabel(QLatin1StringView control)
 {
-    QLabel* label = FixedLabel(control, {});
+    QLabel* label = FixedLabel(control, m_document.ControlText(control));
     m_labels.append(label);
     return label;
 }
@@ -126,9 +187,20 @@ void WindowFields::Refresh()
         label->setText(OneLineEnd(m_document.ControlText(label->objectName())));
         label->setVisible(m_document.ControlVisible(label->objectName()));
     }
+    ShowOption();
     const QString conclusions = OneLineEnd(m_document.Conclusions());
     if (m_conclusions->toPlainText() != conclusions)
         m_conclusions->setPlainText(conclusions);
+}
+
+void WindowFields::ShowOption()
+{
+    const auto option = m_document.Option();
+    for (QRadioButton* button : std::as_const(m_options)) {
+        // None is selected after a file whose choice is none: an exclusive group would refuse that.
+        button->group()->setExclusive(option.has_value());
+        button->setChecked(option == button->group()->id(button));
+    }
 }
 
 bool WindowFields::eventFilter(QObject* object, QEvent* event)

@@ -1,16 +1,35 @@
 // The fields of a test window and their way to the document and back.
 #pragma once
 
-#include "framework/document/TestDocument.h"
+#include "framework/window/Guard.h"
 
+#include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
+#include <QLatin1StringView>
 #include <QLineEdit>
 #include <QList>
+#include <QObject>
 #include <QPlainTextEdit>
-#include <QWidget>
+#include <QRadioButton>
+#include <QString>
 
-#include <functional>
+class TestDocument;
+
+/// A size field in a frame: the names of its two labels.
+struct SizeRow {
+    QLatin1StringView control;
+    QString labelName;
+    QString minimumName;
+};
+
+/// Results beside each other behind a label. Without results the label is a heading, without a label the
+/// result takes the whole row.
+struct ResultRow {
+    QString labelName;
+    QList<QLatin1StringView> controls;
+    QString caption = {}; ///< empty: that of the first result
+};
 
 /// Makes the pieces that the pages of the tests are put together from. What the user types goes to the
 /// document, through the window's guard; Refresh shows what the document holds.
@@ -19,21 +38,21 @@ class WindowFields : public QObject
     Q_OBJECT
 
 public:
-    /// Runs an event of the user and ends its failures.
-    using Guard = std::function<void(const std::function<void()>&)>;
-
     WindowFields(TestDocument& document, Guard guard, QObject* parent);
 
     /// The header fields, each with its label; labelName is what the labels' objectNames begin with.
     QWidget* HeaderFields(const QString& labelName);
     /// A frame with the conclusions.
     QGroupBox* ConclusionsFrame(const QString& frameName);
-    /// A field that sizes the grid.
-    QLineEdit* SizeEdit(QLatin1StringView control);
+    /// The size field of a row, in the next row of a layout: caption, field, smallest number.
+    void AddSize(QGridLayout* layout, const SizeRow& row);
+    /// The options of the document that are seen, each in a row of its own over so many columns.
+    void AddOptions(QGridLayout* layout, int columns);
+    void AddResults(QGridLayout* layout, const QList<ResultRow>& rows);
     /// A result, to be read and selected.
-    QLabel* ResultLabel(const ResultField& field);
+    QLabel* ResultLabel(QLatin1StringView control);
     /// A label whose text the document gives.
-    QLabel* CaptionLabel(QLatin1StringView control);
+    QLabel* FieldLabel(QLatin1StringView control);
     static QLabel* FixedLabel(const QString& name, const QString& text);
     static QGroupBox* FrameBox(const QString& name, const QString& title);
 
@@ -45,13 +64,16 @@ protected:
     bool eventFilter(QObject* object, QEvent* event) override;
 
 private:
+    QLineEdit* SizeEdit(QLatin1StringView control);
     bool FilterSizeEdit(QLineEdit* edit, QEvent* event);
     void LeaveSizeEdit(QLineEdit* edit);
+    void ShowOption();
 
     TestDocument& m_document;
     Guard m_guard;
     QList<QLineEdit*> m_inputs;
     QList<QLineEdit*> m_sizes;
-    QList<QLabel*> m_labels; ///< result fields, and captions that change
+    QList<QLabel*> m_labels; ///< result fields, and labels that change
+    QList<QRadioButton*> m_options;
     QPlainTextEdit* m_conclusions = nullptr;
 };

@@ -3,7 +3,7 @@
 #include "stats/CheckedArithmetic.h"
 #include "stats/Statistics.h"
 
-std::optional<LimiResults> CalcLimits(std::span<const double> values)
+std::optional<LimiResults> CalcLimi(std::span<const double> values)
 {
     if (SumArray(values) == 0)
         return std::nullopt;

@@ -16,4 +16,4 @@ struct LimiResults {
 /// do: such a set is not calculated.
 /// Fails: DivisionByZero for one value, Overflow.
 /// Deliberate: no t value, no blank correction and no slope.
-std::optional<LimiResults> CalcLimits(std::span<const double> values);
+std::optional<LimiResults> CalcLimi(std::span<const double> values);

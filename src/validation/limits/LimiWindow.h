@@ -2,26 +2,14 @@
 #pragma once
 
 #include "framework/window/TestWindow.h"
-#include "validation/limits/LimiDocument.h"
-
-#include <QRadioButton>
-
-#include <array>
 
 class LimiWindow : public TestWindow
 {
     Q_OBJECT
 
 public:
-    LimiWindow(std::unique_ptr<LimiDocument> document, Frame& frame);
-
-protected:
-    void Refresh() override;
+    LimiWindow(std::unique_ptr<TestDocument> document, Frame& frame);
 
 private:
-    QWidget* DataPage();
     QGroupBox* ResultFrame();
-
-    LimiDocument& m_document;
-    std::array<QRadioButton*, 2> m_options{};
 };

@@ -10,7 +10,7 @@ constexpr int kCurvePoints = 1000;
 constexpr double kCurveSpan = 8; // standard deviations
 } // namespace
 
-std::optional<PrecResults> CalcRepeatability(std::span<const double> values)
+std::optional<PrecResults> CalcPrec(std::span<const double> values)
 {
     if (SumArray(values) == 0)
         return std::nullopt;

@@ -22,7 +22,7 @@ struct PrecResults {
 
 /// values: the n results of one analyst. Nothing when they add up to exactly 0.
 /// Fails: DivisionByZero for one value, Overflow.
-std::optional<PrecResults> CalcRepeatability(std::span<const double> values);
+std::optional<PrecResults> CalcPrec(std::span<const double> values);
 
 /// The normal curve of the results. x in their unit, density in its inverse.
 struct PrecCurve {

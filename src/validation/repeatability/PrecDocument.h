@@ -4,7 +4,6 @@
 #include "framework/document/ColumnDocument.h"
 #include "validation/repeatability/PrecCalc.h"
 
-#include <array>
 #include <optional>
 
 class PrecDocument final : public ColumnDocument
@@ -14,31 +13,17 @@ class PrecDocument final : public ColumnDocument
 public:
     explicit PrecDocument(const DocumentContext& context);
 
-    void ResetPrec() { ResetDocument(); }
-    void ResizePrecGrid() { ResizeGrid(); }
-    bool CalcPrec();
-    void ReadPrecFromFile(const QString& fileName) { ReadFromFile(fileName); }
-    void WriPrecToFile(const QString& fileName) { WriteToFile(fileName); }
-
-    int InputCount() const override { return 3; }
-    std::span<const ResultField> ResultFields() const override;
-    QStringList ConclText(bool english) const override { return {m_conclText[english ? 1 : 0]}; }
-    std::vector<const ChartData*> Charts() const override { return {&m_chart}; }
-    void SetLanGraf(int language) override;
     std::vector<NamedValue> Values() const override;
-    bool Calc() override { return CalcPrec(); }
+    ChartData Chart(std::size_t index, Language language) const override;
 
 protected:
-    void ResetResults() override;
-    void ReadLines(DataFileReader& reader) override;
-    void WriteLines(DataFileWriter& writer) const override;
+    void ForgetNumbers() override;
+    CalcEnd CalcTest() override;
+    void CalcCharts() override;
 
 private:
     void ShowResults(const PrecResults& results);
-    void ShowConclusions(const PrecResults& results, int count);
-    void FillChart(const PrecResults& results);
 
     std::optional<PrecResults> m_results;
-    std::array<QString, 2> m_conclText; ///< Italian, English
-    ChartData m_chart{QStringLiteral("VtGrafPrec")};
+    std::optional<PrecCurve> m_curve; ///< of the results; none where s is 0
 };

@@ -1,46 +1,33 @@
 #include "validation/repeatability/PrecWindow.h"
 
-#include <QGridLayout>
+#include "framework/document/ColumnDocument.h"
 
 using namespace Qt::StringLiterals;
 
-PrecWindow::PrecWindow(std::unique_ptr<PrecDocument> document, Frame& frame)
+PrecWindow::PrecWindow(std::unique_ptr<TestDocument> document, Frame& frame)
     : TestWindow(std::move(document), frame)
 {
-    AddPage(InfoPage(u"LblData"_s, u"Frame3"_s), u"Info/Conclusioni"_s);
-    AddPage(DataPage(), u"Dati"_s);
-    AddChartPages();
-    Finish();
-}
-
-QWidget* PrecWindow::DataPage()
-{
-    QGroupBox* size = CountFrame(u"Frame2"_s, u"Dimensioni"_s,
-                                 {.control = ColumnDocument::kNDet,
-                                  .captionName = u"Label7"_s,
-                                  .caption = u"N. determinazioni"_s,
-                                  .minimumName = u"Label20"_s,
-                                  .minimum = u"(min. 6)"_s});
-    return TwoSides({size, GridFrame(u"Frame1"_s, u"Risultati"_s)}, {ResultFrame()});
+    Pages().AddInfoPage(u"LblData"_s, u"Frame3"_s);
+    Pages().AddDataPage({Pages().SizeFrame(u"Frame2"_s, u"Dimensioni"_s,
+                                           {{ColumnDocument::kNDet, u"Label7"_s, u"Label20"_s}}),
+                         Pages().GridFrame(u"Frame1"_s, u"Risultati"_s)},
+                        {ResultFrame()});
+    Pages().AddChartPage(u"Grafico"_s);
 }
 
 QGroupBox* PrecWindow::ResultFrame()
 {
-    // The captions' names, in the order of the results; the three last stand under a heading of their own.
-    static const std::array kLabels = {u"Label4"_s,  u"Label1"_s, u"Label13"_s, u"Label18"_s, u"Label30"_s,
-                                       u"Label29"_s, u"Label5"_s, u"Label6"_s,  u"Label14"_s};
-    static constexpr int kHeadingAbove = 6;
-    QGroupBox* box = ResultBox(u"Frame4"_s);
-    auto* layout = new QGridLayout(box);
-    const auto fields = Document().ResultFields();
-    for (std::size_t i = 0; i < fields.size(); ++i) {
-        if (i == kHeadingAbove)
-            layout->addWidget(WindowFields::FixedLabel(u"Label12"_s, u"Limiti di confidenza della media"_s),
-                              layout->rowCount(), 0, 1, 2);
-        const int row = layout->rowCount();
-        layout->addWidget(WindowFields::FixedLabel(kLabels[i], fields[i].caption), row, 0);
-        layout->addWidget(Fields().ResultLabel(fields[i]), row, 1);
-    }
-    layout->setColumnStretch(1, 1);
+    QGridLayout* layout = nullptr;
+    QGroupBox* box = Pages().ResultBox(u"Frame4"_s, layout);
+    Fields().AddResults(layout, {{u"Label4"_s, {"Media"_L1}},
+                                 {u"Label1"_s, {"StDev"_L1}},
+                                 {u"Label13"_s, {"CV"_L1}},
+                                 {u"Label18"_s, {"GdL"_L1}},
+                                 {u"Label30"_s, {"P"_L1}},
+                                 {u"Label29"_s, {"T"_L1}},
+                                 {u"Label12"_s, {}, u"Limiti di confidenza della media"_s},
+                                 {u"Label5"_s, {"InfConf"_L1}},
+                                 {u"Label6"_s, {"SupConf"_L1}},
+                                 {u"Label14"_s, {"IntConf"_L1}}});
     return box;
 }

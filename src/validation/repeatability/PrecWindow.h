@@ -2,16 +2,14 @@
 #pragma once
 
 #include "framework/window/TestWindow.h"
-#include "validation/repeatability/PrecDocument.h"
 
 class PrecWindow : public TestWindow
 {
     Q_OBJECT
 
 public:
-    PrecWindow(std::unique_ptr<PrecDocument> document, Frame& frame);
+    PrecWindow(std::unique_ptr<TestDocument> document, Frame& frame);
 
 private:
-    QWidget* DataPage();
     QGroupBox* ResultFrame();
 };

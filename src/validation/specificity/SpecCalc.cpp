@@ -1,15 +1,12 @@
 #include "validation/specificity/SpecCalc.h"
 
 #include "stats/CheckedArithmetic.h"
-#include "stats/CriticalValues.h"
 #include "stats/Statistics.h"
 
 #include <algorithm>
 
 namespace
 {
-
-constexpr double kAlpha = 0.05;
 
 /// The t test of the means, and its degrees of freedom.
 struct MeanTest {
@@ -62,7 +59,7 @@ double TestVarianze(std::int16_t nA, std::int16_t nB, double varA, double varB, 
     return aIsLarger ? ProbF(f, gdlA, gdlB) : ProbF(f, gdlB, gdlA);
 }
 
-SpecResults CalcSpecificity(std::span<const double> a, std::span<const double> b)
+SpecResults CalcSpec(std::span<const double> a, std::span<const double> b)
 {
     const Int16 nA = CountOf(a);
     const Int16 nB = CountOf(b);

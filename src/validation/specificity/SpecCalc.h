@@ -1,6 +1,8 @@
 // The numbers of the specificity test: two groups of results, their variances and their means.
 #pragma once
 
+#include "stats/CriticalValues.h"
+
 #include <cstdint>
 #include <span>
 
@@ -29,9 +31,9 @@ struct SpecResults {
     int gdl = 0;   ///< degrees of freedom of the t test
     double pT = 0; ///< two-sided tail probability of t
     /// The means differ: the other substances interfere.
-    bool Significant() const { return pT <= 0.05; }
+    bool Significant() const { return pT <= kAlpha; }
     /// The variances differ, and the means can't be told apart.
-    bool NotDeterminable() const { return pF < 0.05 && pT >= 0.05; }
+    bool NotDeterminable() const { return pF < kAlpha && pT >= kAlpha; }
 };
 
 /// The probability that two variances of nA and nB values differ by chance: one-tailed, the larger one in the
@@ -42,4 +44,4 @@ double TestVarianze(std::int16_t nA, std::int16_t nB, double varA, double varB, 
 /// Fails: DivisionByZero for a group of one value, Overflow, and as the statistics do.
 /// Deliberate: where the variances differ, the degrees of freedom are taken with nA and nB in the
 /// denominators, not nA - 1 and nB - 1.
-SpecResults CalcSpecificity(std::span<const double> a, std::span<const double> b);
+SpecResults CalcSpec(std::span<const double> a, std::span<const double> b);

@@ -4,8 +4,8 @@
 #include "framework/document/TestDocument.h"
 #include "validation/specificity/SpecCalc.h"
 
-#include <array>
 #include <optional>
+#include <vector>
 
 class SpecDocument final : public TestDocument
 {
@@ -17,30 +17,17 @@ public:
 
     explicit SpecDocument(const DocumentContext& context);
 
-    void ResetSpec() { ResetDocument(); }
     /// As many rows as the larger group has; the cells below the other group's size are empty and locked.
-    void ResizeSpecGrid();
-    bool CalcSpec();
-    void ReadSpecFromFile(const QString& fileName) { ReadFromFile(fileName); }
-    void WriSpecToFile(const QString& fileName) { WriteToFile(fileName); }
-
-    int InputCount() const override { return 3; }
-    std::span<const SizeField> SizeFields() const override;
-    std::span<const ResultField> ResultFields() const override;
-    QStringList ConclText(bool english) const override { return {m_conclText[english ? 1 : 0]}; }
-    std::optional<std::array<QString, 2>> Verdict() const override { return m_giudizioText; }
-    std::vector<const ChartData*> Charts() const override { return {&m_chart}; }
-    void SetLanGraf(int language) override;
+    void ResizeGrid() override;
     std::vector<NamedValue> Values() const override;
-    void ResizeGrid() override { ResizeSpecGrid(); }
-    bool Calc() override { return CalcSpec(); }
+    ChartData Chart(std::size_t index, Language language) const override;
 
 protected:
-    Digits DefaultDigits() const override { return {.interi = 6, .decimali = 3}; }
-    void ResetSizes() override;
-    void ResetResults() override;
-    void ReadLines(DataFileReader& reader) override;
-    void WriteLines(DataFileWriter& writer) const override;
+    void ResetOwn() override;
+    void ForgetNumbers() override;
+    CalcEnd CalcTest() override;
+    void CalcCharts() override;
+    void ReadBody(DataFileReader& reader, int fieldCount) override;
 
 private:
     /// A column's numbers as its cells show them, and whether none differs from the number of the cell above.
@@ -49,15 +36,12 @@ private:
         bool allEqual = true;
     };
     Group ReadGroup(int col, int count) const;
-    bool Refuse(const QString& why);
-    bool TellNoProbability(SpecEnd end);
+    CalcEnd Refuse(const QString& why);
+    CalcEnd TellNoProbability(SpecEnd end);
+    void ShowTexts(const SpecResults& results, const Group& a, const Group& b);
     void ShowResults(const SpecResults& results);
-    void ShowConclusions(const SpecResults& results, int countA, int countB);
-    void ShowVerdict(const SpecResults& results);
-    void FillChart();
 
     std::optional<SpecResults> m_results;
-    std::array<QString, 2> m_conclText;    ///< Italian, English
-    std::array<QString, 2> m_giudizioText; ///< Italian, English
-    ChartData m_chart{QStringLiteral("VtGrafSpec")};
+    std::vector<std::vector<double>>
+        m_bars; ///< a group each: upper limit, lower limit, mean, as they are shown
 };

@@ -9,18 +9,12 @@
 
 using namespace Qt::StringLiterals;
 
-class DocumentLifeTest : public QObject
+class DocumentLifeTest : public QObject, private DocumentTest<LimiDocument>
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init()
-    {
-        FailOnWarnings();
-        m_folder = std::make_unique<QTemporaryDir>();
-        m_place = std::make_unique<TestPlace>();
-        m_document = std::make_unique<LimiDocument>(m_place->Context());
-    }
+    void init() { Begin(u"file.LIM"_s); }
 
     void FileDialogOfATest()
     {
@@ -176,7 +170,8 @@ private Q_SLOTS:
 
     void AllDocumentsShareTheName()
     {
-        LimiDocument other(m_place->Context());
+        const auto otherMade = MakeDocument<LimiDocument>(m_place->Context());
+        LimiDocument& other = *otherMade;
         const QString file = m_folder->filePath(u"first.LIM"_s);
         QVERIFY(QFile::copy(DataFile(u"one-to-five.LIM"_s), file));
         m_place->dialog.WillChoose(file);
@@ -185,7 +180,7 @@ private Q_SLOTS:
         QCOMPARE(m_place->dialog.Asked(), 1);
         QCOMPARE(other.Title(), u"Limiti - "_s + file);
         QVERIFY(BytesOf(file).contains("\r\n10,0.000\r\n"));
-        other.ResetLimi();
+        other.ResetDocument();
         QCOMPARE(m_place->dialog.FileName, QString());
     }
 
@@ -250,15 +245,12 @@ private:
     void Change(int what)
     {
         if (what == 1)
-            m_document->Grid().TypeText(0, 0, u"5"_s);
+            m_document->Grid().Edits().TypeText(0, 0, u"5"_s);
         else if (what == 2)
             m_document->TypeInputData(0, u"HPLC"_s);
     }
 
     const QString kQuestion = u"I dati sono stati modificati.\nVuoi salvare le modifiche correnti?"_s;
-    std::unique_ptr<QTemporaryDir> m_folder;
-    std::unique_ptr<TestPlace> m_place;
-    std::unique_ptr<LimiDocument> m_document;
 };
 
 QTEST_GUILESS_MAIN(DocumentLifeTest)

@@ -3,6 +3,8 @@
 #include "FullDisk.h"
 #include "TestPlace.h"
 #include "framework/files/CodePage.h"
+#include "framework/files/DataFileReader.h"
+#include "framework/files/DataFileWriter.h"
 #include "framework/files/SafeFile.h"
 
 #include <QDir>
@@ -120,8 +122,7 @@ private Q_SLOTS:
         const std::optional<double> row[] = {0.12, std::nullopt};
         writer.WriteRow(1, row, 3);
         writer.WriteRow(2, row, 0);
-        writer.Save(m_file);
-        QCOMPARE(BytesOf(m_file), "per\xf2\r\n-3\r\n 1,0.120,NIL      \r\n2,0,NIL      \r\n");
+        QCOMPARE(writer.Bytes(), "per\xf2\r\n-3\r\n 1,0.120,NIL      \r\n2,0,NIL      \r\n");
     }
 
     void ReplacedAsAWhole()

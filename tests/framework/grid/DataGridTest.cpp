@@ -90,7 +90,7 @@ private Q_SLOTS:
         QSignalSpy edited(&grid, &DataGrid::Edited);
         QCOMPARE(grid.setData(grid.index(1, 0), typed), !refused);
         QCOMPARE(grid.data(grid.index(1, 0)).toString(), refused ? u"7,000"_s : shown);
-        QCOMPARE(grid.ChangeMade(), !refused);
+        QCOMPARE(grid.Edits().ChangeMade(), !refused);
         QCOMPARE(edited.size(), refused ? 0 : 1);
     }
 
@@ -99,10 +99,10 @@ private Q_SLOTS:
         DataGrid grid(u"."_s);
         grid.SetSize(1, 1);
         grid.SetDigits({.interi = 3, .decimali = 1});
-        QVERIFY(grid.TypeText(0, 0, u"0.1234"_s));
-        grid.SetChangeMade(false);
-        QVERIFY(grid.TypeText(0, 0, u"0.1"_s)); // an edit left as it was shown
-        QVERIFY(!grid.ChangeMade());
+        QVERIFY(grid.Edits().TypeText(0, 0, u"0.1234"_s));
+        grid.Edits().SetChangeMade(false);
+        QVERIFY(grid.Edits().TypeText(0, 0, u"0.1"_s)); // an edit left as it was shown
+        QVERIFY(!grid.Edits().ChangeMade());
         QCOMPARE_EQ(grid.TextNumber(0, 0), 0.1);
         grid.SetDigits({.interi = 3, .decimali = 4});
         QCOMPARE(grid.Text(0, 0), u"0.1234"_s);
@@ -161,7 +161,8 @@ private Q_SLOTS:
             grid.SetSize(6, 2);
             grid.SetDigits({.interi = 7, .decimali = 6});
             grid.FillEmptyWithZero();
-            QCOMPARE(grid.PasteText(0, 0, text), (PasteCount{.taken = 8, .refused = 2, .outside = 0}));
+            QCOMPARE(grid.Edits().PasteText(0, 0, text),
+                     (PasteCount{.taken = 8, .refused = 2, .outside = 0}));
             const QList<double> expected = {1.5, 1234.5, 0.125, 12, 0, 0, 7, 1234567.25, -1, 0.000012, 0, 0};
             for (int i = 0; i < expected.size(); ++i)
                 QCOMPARE_EQ(grid.Value(i / 2, i % 2).value_or(-1), expected[i]);
@@ -174,12 +175,14 @@ private Q_SLOTS:
         FillWithPlaces(grid, 3, 2);
         grid.SetLocked(2, 1, true);
         QSignalSpy edited(&grid, &DataGrid::Edited);
-        QCOMPARE(grid.PasteText(1, 1, u"5\t6\n7\t8\n9"_s),
+        QCOMPARE(grid.Edits().PasteText(1, 1, u"5\t6\n7\t8\n9"_s),
                  (PasteCount{.taken = 1, .refused = 1, .outside = 3}));
-        QCOMPARE(grid.BlockText({.row = 0, .col = 0, .rows = 3, .cols = 2}), u"0\t1\n2\t5\n4\t5"_s);
+        QCOMPARE(grid.Edits().BlockText({.row = 0, .col = 0, .rows = 3, .cols = 2}), u"0\t1\n2\t5\n4\t5"_s);
         QCOMPARE(edited.size(), 1);
-        QCOMPARE(edited[0][0].value<GridBlock>(), (GridBlock{.row = 1, .col = 1, .rows = 1, .cols = 1}));
-        QCOMPARE(grid.PasteText(0, 0, u"10\n-1\nx"_s), (PasteCount{.taken = 0, .refused = 3, .outside = 0}));
+        QCOMPARE(edited[0][0].value<GridChange>().block,
+                 (GridBlock{.row = 1, .col = 1, .rows = 1, .cols = 1}));
+        QCOMPARE(grid.Edits().PasteText(0, 0, u"10\n-1\nx"_s),
+                 (PasteCount{.taken = 0, .refused = 3, .outside = 0}));
         QCOMPARE(edited.size(), 1); // nothing changed
     }
 
@@ -188,12 +191,12 @@ private Q_SLOTS:
         DataGrid grid(u"."_s);
         FillWithPlaces(grid, 2, 2);
         grid.SetLocked(1, 0, true);
-        QVERIFY(!grid.TypeText(1, 0, u"7"_s));
+        QVERIFY(!grid.Edits().TypeText(1, 0, u"7"_s));
         QVERIFY(!(grid.flags(grid.index(1, 0)) & Qt::ItemIsEditable));
-        grid.ClearBlock({.row = 0, .col = 0, .rows = 2, .cols = 2});
-        QCOMPARE(grid.BlockText({.row = 0, .col = 0, .rows = 2, .cols = 2}), u"\t\n2\t"_s);
+        grid.Edits().ClearBlock({.row = 0, .col = 0, .rows = 2, .cols = 2});
+        QCOMPARE(grid.Edits().BlockText({.row = 0, .col = 0, .rows = 2, .cols = 2}), u"\t\n2\t"_s);
         grid.UnlockAll();
-        QVERIFY(grid.TypeText(1, 0, u"7"_s));
+        QVERIFY(grid.Edits().TypeText(1, 0, u"7"_s));
     }
 
     void Dragging_data()
@@ -216,11 +219,11 @@ private Q_SLOTS:
         QFETCH(QString, after);
         DataGrid grid(u"."_s);
         FillWithPlaces(grid, 5, 1);
-        grid.ClearBlock({.row = row == 2 ? 3 : 2, .col = 0, .rows = 3, .cols = 1});
+        grid.Edits().ClearBlock({.row = row == 2 ? 3 : 2, .col = 0, .rows = 3, .cols = 1});
         const GridBlock block{.row = 0, .col = 0, .rows = 2, .cols = 1};
-        QCOMPARE(grid.Overwrites(block, row, 0), overwrites);
-        grid.MoveBlock(block, row, 0, copy);
-        QCOMPARE(grid.BlockText({.row = 0, .col = 0, .rows = 5, .cols = 1}), after);
+        QCOMPARE(grid.Edits().Overwrites(block, row, 0), overwrites);
+        grid.Edits().MoveBlock(block, row, 0, copy);
+        QCOMPARE(grid.Edits().BlockText({.row = 0, .col = 0, .rows = 5, .cols = 1}), after);
     }
 
     void NothingIsMovedIntoALockedCell()
@@ -228,51 +231,51 @@ private Q_SLOTS:
         DataGrid grid(u"."_s);
         FillWithPlaces(grid, 4, 1);
         grid.SetLocked(3, 0, true);
-        grid.MoveBlock({.row = 0, .col = 0, .rows = 2, .cols = 1}, 2, 0, false);
-        QCOMPARE(grid.BlockText({.row = 0, .col = 0, .rows = 4, .cols = 1}), u"\n1\n0\n3"_s);
+        grid.Edits().MoveBlock({.row = 0, .col = 0, .rows = 2, .cols = 1}, 2, 0, false);
+        QCOMPARE(grid.Edits().BlockText({.row = 0, .col = 0, .rows = 4, .cols = 1}), u"\n1\n0\n3"_s);
     }
 
     void TakenBackAndDoneAgain()
     {
         DataGrid grid(u"."_s);
         FillWithPlaces(grid, 3, 1);
-        QVERIFY(grid.TypeText(0, 0, u"7"_s));
-        grid.PasteText(1, 0, u"8\n9"_s);
-        grid.MoveBlock({.row = 0, .col = 0}, 1, 0, false);
-        const auto text = [&] { return grid.BlockText({.row = 0, .col = 0, .rows = 3, .cols = 1}); };
+        QVERIFY(grid.Edits().TypeText(0, 0, u"7"_s));
+        grid.Edits().PasteText(1, 0, u"8\n9"_s);
+        grid.Edits().MoveBlock({.row = 0, .col = 0}, 1, 0, false);
+        const auto text = [&] { return grid.Edits().BlockText({.row = 0, .col = 0, .rows = 3, .cols = 1}); };
         QCOMPARE(text(), u"\n7\n9"_s);
-        grid.SetChangeMade(false);
-        QCOMPARE(grid.Undo(), std::optional(GridBlock{.row = 0, .col = 0, .rows = 2, .cols = 1}));
+        grid.Edits().SetChangeMade(false);
+        QCOMPARE(grid.Edits().Undo()->block, (GridBlock{.row = 0, .col = 0, .rows = 2, .cols = 1}));
         QCOMPARE(text(), u"7\n8\n9"_s);
-        QVERIFY(grid.ChangeMade());
-        grid.Undo();
+        QVERIFY(grid.Edits().ChangeMade());
+        grid.Edits().Undo();
         QCOMPARE(text(), u"7\n1\n2"_s);
-        grid.Redo();
+        grid.Edits().Redo();
         QCOMPARE(text(), u"7\n8\n9"_s);
-        grid.Undo();
-        QVERIFY(grid.TypeText(2, 0, u"5"_s)); // what was taken back is gone
-        QVERIFY(!grid.Redo());
+        grid.Edits().Undo();
+        QVERIFY(grid.Edits().TypeText(2, 0, u"5"_s)); // what was taken back is gone
+        QVERIFY(!grid.Edits().Redo());
         grid.SetSize(2, 1); // and rows that are gone are passed over
-        QVERIFY(!grid.Undo());
-        grid.Undo();
+        QVERIFY(!grid.Edits().Undo());
+        grid.Edits().Undo();
         QCOMPARE(grid.Text(0, 0), u"0"_s);
-        QVERIFY(!grid.Undo());
+        QVERIFY(!grid.Edits().Undo());
         grid.Clear();
-        QVERIFY(!grid.Redo());
+        QVERIFY(!grid.Edits().Redo());
     }
 
     void LargestText()
     {
         DataGrid grid(u","_s);
         grid.SetDigits({.interi = 4, .decimali = 2});
-        QCOMPARE(grid.LargestText(), u"9999,99"_s);
+        QCOMPARE(grid.Format().LargestText(), u"9999,99"_s);
         grid.SetDigits({.interi = 13, .decimali = 0});
-        QCOMPARE(grid.LargestText(), u"9999999999999"_s);
+        QCOMPARE(grid.Format().LargestText(), u"9999999999999"_s);
         grid.SetSize(1, 1);
-        QVERIFY(grid.TypeText(0, 0, u"9999999999999"_s));
-        QVERIFY(!grid.TypeText(0, 0, u"10000000000000"_s));
+        QVERIFY(grid.Edits().TypeText(0, 0, u"9999999999999"_s));
+        QVERIFY(!grid.Edits().TypeText(0, 0, u"10000000000000"_s));
         grid.SetDigits({.interi = 1, .decimali = 12});
-        QVERIFY(grid.TypeText(0, 0, u"9,999999999999"_s));
+        QVERIFY(grid.Edits().TypeText(0, 0, u"9,999999999999"_s));
     }
 };
 

@@ -37,8 +37,8 @@ private Q_SLOTS:
 
     void Templates()
     {
-        QCOMPARE(FillTemplate(u"( #1# ) #2# #1# #3#"_s, {u"mg"_s, u"4"_s}), u"( mg ) 4 mg #3#"_s);
-        QCOMPARE(FillTemplate(u"#1#"_s, {u"#2#"_s, u"7"_s}), u"7"_s);
+        QCOMPARE(FillTemplate(u"( #1# ) #2# #1# #3#"_s, {{1, u"mg"_s}, {2, u"4"_s}}), u"( mg ) 4 mg #3#"_s);
+        QCOMPARE(FillTemplate(u"#1#"_s, {{1, u"#2#"_s}, {2, u"7"_s}}), u"7"_s);
     }
 
     void Blanks()

@@ -276,7 +276,7 @@ private Q_SLOTS:
         m_place->define.ProgramFolder = u"/nowhere"_s;
         Show(Roof());
         const QImage image = m_view->grab().toImage();
-        m_view->ShowChart(); // says so again, and fails no differently
+        m_view->ShowChart(Roof()); // says so again, and fails no differently
         QCOMPARE(m_view->grab().toImage(), image);
         QVERIFY(!MenuEntryEnabled());
         QVERIFY_THROWS_EXCEPTION(RuntimeFailure, CreateChartPainter(u"/nowhere"_s));
@@ -301,8 +301,8 @@ private:
 
     void Show(const ChartData& chart)
     {
-        m_chart = chart;
-        m_view = std::make_unique<ChartView>(m_chart, u"Grafico"_s, m_place->Context());
+        m_view = std::make_unique<ChartView>(chart.name, u"Grafico"_s, m_place->Context());
+        m_view->ShowChart(chart);
         m_view->resize(800, 500);
         m_view->show();
         QVERIFY(QTest::qWaitForWindowActive(m_view.get()));
@@ -365,7 +365,6 @@ private:
     }
 
     std::unique_ptr<TestPlace> m_place;
-    ChartData m_chart;
     std::unique_ptr<ChartView> m_view;
 };
 

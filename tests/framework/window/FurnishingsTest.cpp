@@ -5,6 +5,7 @@
 #include "framework/window/EditCommands.h"
 #include "framework/window/NumberFormatDialog.h"
 #include "framework/window/TestMenus.h"
+#include "validation/limits/LimiDocument.h"
 #include "validation/limits/LimiWindow.h"
 
 #include <QApplication>
@@ -223,7 +224,8 @@ private Q_SLOTS:
         QFETCH(QString, decimals);
         QFETCH(QString, format);
         QFETCH(QString, message);
-        NumberFormatDialog dialog(m_open->window->Document().Grid(), m_open->place.Context());
+        NumberFormatDialog dialog(m_open->window->Document().Grid(), m_open->place.Context(),
+                                  [](const auto& event) { event(); });
         const std::array fields = {dialog.findChild<QLineEdit*>(u"NumForm0"_s),
                                    dialog.findChild<QLineEdit*>(u"NumForm1"_s)};
         QCOMPARE(fields[0]->text() + fields[1]->text(), u"33"_s);
@@ -251,17 +253,17 @@ private Q_SLOTS:
         QFETCH(bool, changed);
         DataGrid& grid = m_open->window->Document().Grid();
         if (changed)
-            QVERIFY(grid.TypeText(0, 0, u"1,2345"_s));
+            QVERIFY(grid.Edits().TypeText(0, 0, u"1,2345"_s));
         else
             grid.SetValue(0, 0, 1.2345);
-        grid.SetChangeMade(false);
+        grid.Edits().SetChangeMade(false);
         AnswerFormat(u"4"_s, u"2"_s, "Command10");
         QTest::mouseDClick(m_open->Find<StatusPanel>("StatusBar"), Qt::LeftButton);
         QCOMPARE(grid.Text(0, 0), u"1,23"_s);
-        QCOMPARE(grid.LargestText(), u"9999,99"_s);
+        QCOMPARE(grid.Format().LargestText(), u"9999,99"_s);
         QCOMPARE(m_open->Find<StatusPanel>("StatusBar")->text(), u"Formato numeri: Interi 4  Decimali 2"_s);
         QCOMPARE(m_open->window->findChild<QLabel*>(u"StDev"_s)->text(), changed ? u"0,39"_s : u"0,000"_s);
-        QCOMPARE(m_open->window->Document().NumberFormat(), u"###0.00"_s);
+        QCOMPARE(m_open->place.define.NumFormat, u"###0.00"_s);
         QVERIFY(!m_open->window->Document().IsModify() && !m_open->window->Document().ChangeMade());
 
         AnswerFormat(u"9"_s, u"4"_s, "Command11"); // cancelled: all stays

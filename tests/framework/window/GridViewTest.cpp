@@ -30,7 +30,7 @@ private Q_SLOTS:
             m_grid->SetValue(i / 2, i % 2, i);
         m_view = std::make_unique<GridView>(*m_grid, u"GridData"_s, u"Risultati"_s);
         connect(m_view.get(), &GridView::Dropped, this, [this](const GridBlock& from, int row, int col) {
-            DropBlock(*m_view, *m_grid, from, row, col, m_place->Context());
+            DropBlock(*m_view, m_grid->Edits(), from, row, col, m_place->Context());
         });
         m_view->resize(400, 300);
         m_view->show();
@@ -161,7 +161,7 @@ private Q_SLOTS:
         QFETCH(int, answer);
         QFETCH(QString, after);
         if (!onNumbers)
-            m_grid->ClearBlock({.row = 2, .col = 0, .rows = 2, .cols = 1});
+            m_grid->Edits().ClearBlock({.row = 2, .col = 0, .rows = 2, .cols = 1});
         m_place->messages.WillAnswer(Answer{answer});
         m_view->SelectBlock({.row = 0, .col = 0, .rows = 2, .cols = 1});
         Drag(BorderOf(0, 0), Middle(3, 0)); // dragged beyond: the block ends where the grid ends
@@ -214,15 +214,6 @@ private Q_SLOTS:
         QCOMPARE(QApplication::focusWidget(), m_view.get());
         QCOMPARE(At(), QPoint(0, 0)); // and the key is no search
         QCOMPARE(m_grid->Text(0, 0), u"0,0"_s);
-    }
-
-    void HeaderDoubleClick()
-    {
-        QSignalSpy header(m_view.get(), &GridView::HeaderDoubleClicked);
-        QTest::mouseDClick(m_view->horizontalHeader()->viewport(), Qt::LeftButton, {},
-                           QPoint(m_view->horizontalHeader()->sectionViewportPosition(1) + 9, 5));
-        QCOMPARE(header.size(), 1);
-        QCOMPARE(header[0][0].toInt(), 1);
     }
 
     void WayOutOfTheGrid()
@@ -279,7 +270,7 @@ private:
     }
     QString Column(int col) const
     {
-        return m_grid->BlockText({.row = 0, .col = col, .rows = 4, .cols = 1}).replace(u'\n', u'|');
+        return m_grid->Edits().BlockText({.row = 0, .col = col, .rows = 4, .cols = 1}).replace(u'\n', u'|');
     }
 
     std::unique_ptr<TestPlace> m_place;

@@ -2,6 +2,7 @@
 #include "validation/limits/LimiWindow.h"
 #include "Compare.h"
 #include "TestWindowPlace.h"
+#include "validation/limits/LimiDocument.h"
 
 #include <QSignalSpy>
 #include <QTemporaryDir>

@@ -17,24 +17,17 @@ namespace
 const QString kExample = u"three-determinations.PRE"_s;
 } // namespace
 
-class PrecDocumentTest : public QObject
+class PrecDocumentTest : public QObject, private DocumentTest<PrecDocument>
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init()
-    {
-        FailOnWarnings();
-        m_folder = std::make_unique<QTemporaryDir>();
-        m_file = m_folder->filePath(u"file.PRE"_s);
-        m_place = std::make_unique<TestPlace>();
-        m_document = std::make_unique<PrecDocument>(m_place->Context());
-    }
+    void init() { Begin(u"file.PRE"_s); }
 
     void WorkedExample()
     {
         // 99.8, 100.1, 100.2: half width 0.51717..., P% 0.51698..., each floored by itself.
-        const auto results = CalcRepeatability(std::array{99.8, 100.1, 100.2});
+        const auto results = CalcPrec(std::array{99.8, 100.1, 100.2});
         QVERIFY(results);
         COMPARE_CLOSE(results->mean, 300.1 / 3, 1e-15);
         COMPARE_CLOSE(results->s, std::sqrt(0.13 / 3), 1e-9); // one-pass formula
@@ -48,10 +41,10 @@ private Q_SLOTS:
 
     void TValues()
     {
-        QCOMPARE_EQ(CalcRepeatability(std::array{1.0, 2.0, 3.0, 4.0, 5.0})->t, 2.776);
-        QVERIFY(std::fabs(CalcRepeatability(std::array{1.0, 2.0, 3.0, 4.0, 5.0, 6.0})->t - 2.5714) < 5e-5);
-        QVERIFY(!CalcRepeatability(std::array{-1.0, 1.0, 0.0}));
-        VERIFY_FAILS(CalcRepeatability(std::array{1.0}), FailureKind::DivisionByZero);
+        QCOMPARE_EQ(CalcPrec(std::array{1.0, 2.0, 3.0, 4.0, 5.0})->t, 2.776);
+        QVERIFY(std::fabs(CalcPrec(std::array{1.0, 2.0, 3.0, 4.0, 5.0, 6.0})->t - 2.5714) < 5e-5);
+        QVERIFY(!CalcPrec(std::array{-1.0, 1.0, 0.0}));
+        VERIFY_FAILS(CalcPrec(std::array{1.0}), FailureKind::DivisionByZero);
     }
 
     void Defaults()
@@ -60,8 +53,8 @@ private Q_SLOTS:
         QCOMPARE(m_document->Grid().Rows(), 6);
         QCOMPARE(m_document->ControlText("GdL"), u"0"_s);
         QCOMPARE(m_document->ControlText("IntConf"), u"0.000"_s);
-        QVERIFY(!m_document->CalcPrec());
-        QVERIFY(m_document->Charts().front()->IsEmpty());
+        QVERIFY(m_document->Calc() != CalcEnd::Done);
+        QVERIFY(m_document->ShownCharts().front().IsEmpty());
         m_document->TypeSize("nDet"_L1, u"3"_s); // accepted, whatever the caption says
         QCOMPARE(m_document->Grid().Rows(), 3);
         QVERIFY(m_document->LeaveSize("nDet"_L1));
@@ -73,15 +66,16 @@ private Q_SLOTS:
     void Texts()
     {
         m_place->define.DecSep = u","_s;
-        PrecDocument document(m_place->Context());
-        document.ReadPrecFromFile(DataFile(kExample));
-        QVERIFY(document.CalcPrec());
+        const auto documentMade = MakeDocument<PrecDocument>(m_place->Context());
+        PrecDocument& document = *documentMade;
+        document.ReadFromFile(DataFile(kExample));
+        QCOMPARE(document.Calc(), CalcEnd::Done);
         QStringList shown;
-        for (const ResultField& field : document.ResultFields())
+        for (const Field& field : document.Fields().OfKind(FieldKind::Result))
             shown += document.ControlText(field.control);
         QCOMPARE(shown.join(u' '), u"100,03 0,21 0,21 2 0,05 4,30 99,52 100,55 1,03"_s);
         QCOMPARE(
-            document.ConclText(true)[0],
+            document.ConclText(Language::English)[0],
             u"V A L I D A T I O N  OF  A N A L Y T I C A L  M E T H O D\r\n\r\nPRECISION TEST\r\n\r\n"
             "The precision of the medium analytical content estimated from an analyst with 3 replications of "
             "the "
@@ -97,7 +91,7 @@ private Q_SLOTS:
     {
         QVERIFY(WriteBytes(
             m_file, DataFileWith(kExample, {{11, " 1,-99.80"}, {12, "2,-100.10"}, {13, "3,-100.20"}})));
-        QVERIFY(LoadDocument(*m_document, m_file).calculated);
+        QVERIFY(LoadDocument(*m_document, m_file).Calculated());
         QCOMPARE(m_document->ControlText("CV"), u"-0.21"_s);
         QVERIFY(m_document->Conclusions().contains(u"P% = ± 0.517"_s)); // floored downward below zero
     }
@@ -105,36 +99,39 @@ private Q_SLOTS:
     void Curve()
     {
         LoadDocument(*m_document, DataFile(kExample));
-        const ChartData& chart = *m_document->Charts().front();
+        const ChartData chart = m_document->ShownCharts().front();
         QCOMPARE(chart.name, u"VtGrafPrec"_s);
         QCOMPARE(chart.rows.size(), std::size_t{1000});
         const double mean = 300.1 / 3;
         // The span is eight times the standard deviation that is shown, 0.21; the density takes the true one.
         COMPARE_CLOSE(chart.rows.front()[0], mean - 0.84, 1e-14);
         COMPARE_CLOSE(chart.rows.back()[0], mean - 0.84 + 999 * 0.00168, 1e-13);
-        COMPARE_CLOSE(chart.rows[300][1], DensGauss(chart.rows[300][0], mean, m_document->Values()[2].second),
+        COMPARE_CLOSE(chart.rows[300][1], DensGauss(chart.rows[300][0], mean, NumberOf(*m_document, 2)),
                       1e-11);
         QVERIFY(!chart.y.visible);
         QCOMPARE_EQ(chart.y.scale->minimum, 0.0);
-        COMPARE_CLOSE(chart.y.scale->maximum, DensGauss(0, 0, m_document->Values()[2].second), 1e-14);
+        COMPARE_CLOSE(chart.y.scale->maximum, DensGauss(0, 0, NumberOf(*m_document, 2)), 1e-14);
         COMPARE_CLOSE(chart.x.scale->maximum, mean + 0.84, 1e-14);
         QCOMPARE(chart.x.majorDivisions, 4);
         QCOMPARE(chart.title, u"Precisione"_s);
         QCOMPARE(chart.x.title, u"Curva di precisione"_s);
         QCOMPARE(chart.footnote,
                  u"Metodo analitico: Titolazione\r\nAnalita: Acido citrico\r\nCampione: Lotto 7"_s);
-        m_document->SetLanGraf(1);
-        QCOMPARE(chart.title + u'|' + chart.x.title, u"Precision|Precision curve"_s);
-        QCOMPARE(chart.footnote,
+        m_document->SetLanGraf(Language::English);
+        const ChartData english = m_document->ShownCharts().front();
+        QCOMPARE(english.title + u'|' + english.x.title, u"Precision|Precision curve"_s);
+        QCOMPARE(english.footnote,
                  u"Analytical method: Titolazione\r\nAnalyte: Acido citrico\r\nSample: Lotto 7"_s);
-        m_document->ResetPrec();
-        QVERIFY(chart.IsEmpty() && chart.title.isEmpty() && chart.x.title.isEmpty());
+        m_document->ResetDocument();
+        const ChartData empty = m_document->ShownCharts().front();
+        QVERIFY(empty.IsEmpty() && empty.title.isEmpty() && empty.x.title.isEmpty());
     }
 
     void NumbersOfTheChartHaveFifteenDigits()
     {
         LoadDocument(*m_document, DataFile(kExample));
-        for (const auto& row : m_document->Charts().front()->rows) {
+        const ChartData chart = m_document->ShownCharts().front();
+        for (const auto& row : chart.rows) {
             for (const double value : row)
                 QCOMPARE_EQ(value, GeneralText(value, u".").toDouble());
         }
@@ -143,13 +140,13 @@ private Q_SLOTS:
     void NoCurveForEqualValues()
     {
         QVERIFY(WriteBytes(m_file, DataFileWith(kExample, {{11, " 1,100"}, {12, "2,100"}, {13, "3,100"}})));
-        QVERIFY(LoadDocument(*m_document, m_file).calculated);
+        QVERIFY(LoadDocument(*m_document, m_file).Calculated());
         QCOMPARE(m_document->ControlText("SupConf"), u"100.00"_s);
         QVERIFY(m_document->Conclusions().contains(u"P% = ± 0\r\n"_s));
-        const ChartData& chart = *m_document->Charts().front();
+        const ChartData chart = m_document->ShownCharts().front();
         QCOMPARE(chart.rows, (std::vector<std::vector<double>>(2, {0, 0})));
-        m_document->SetLanGraf(1); // keeps its one title
-        QCOMPARE(chart.title, u"Dev.standard = 0: grafico non disponibile"_s);
+        m_document->SetLanGraf(Language::English); // keeps its one title
+        QCOMPARE(m_document->ShownCharts().front().title, u"Dev.standard = 0: grafico non disponibile"_s);
         QCOMPARE(chart.footnote + chart.x.title, QString());
     }
 
@@ -157,16 +154,14 @@ private Q_SLOTS:
     {
         QVERIFY(WriteBytes(
             m_file, DataFileWith(kExample, {{3, "0"}, {11, " 1,1000"}, {12, "2,1000"}, {13, "3,1001"}})));
-        const QSignalSpy charts(m_document.get(), &TestDocument::ChartsChanged);
         LoadDocument(*m_document, m_file);
         GetNumFormat(3, 0, m_place->define);
         m_document->Grid().SetValue(2, 0, 1000.4); // rounds to 1000 as the others: s is 0
-        QVERIFY(m_document->CalcPrec());
-        QVERIFY(!charts.isEmpty());
+        QCOMPARE(m_document->Calc(), CalcEnd::Done);
         m_document->ChooseDigits({.interi = 4, .decimali = 1});
         GetNumFormat(4, 0, m_place->define); // the format of another window: s = 0.23 shows as 0
-        QVERIFY(m_document->CalcPrec());
-        const ChartData& chart = *m_document->Charts().front();
+        QCOMPARE(m_document->Calc(), CalcEnd::Done);
+        const ChartData chart = m_document->ShownCharts().front();
         QCOMPARE(chart.rows.size(), std::size_t{1000});
         QCOMPARE(chart.rows.front(), chart.rows.back());
         QCOMPARE_EQ(chart.x.scale->minimum, chart.x.scale->maximum);
@@ -176,9 +171,10 @@ private Q_SLOTS:
     {
         for (const QString& decSep : {u","_s, u"."_s}) {
             m_place->define.DecSep = decSep;
-            PrecDocument document(m_place->Context());
-            document.ReadPrecFromFile(DataFile(kExample));
-            document.WriPrecToFile(m_file);
+            const auto documentMade = MakeDocument<PrecDocument>(m_place->Context());
+            PrecDocument& document = *documentMade;
+            document.ReadFromFile(DataFile(kExample));
+            document.WriteToFile(m_file);
             QCOMPARE(BytesOf(m_file), BytesOf(DataFile(kExample)));
         }
     }
@@ -187,7 +183,7 @@ private Q_SLOTS:
     {
         const QByteArray whole = BytesOf(DataFile(kExample));
         QVERIFY(WriteBytes(m_file, whole.sliced(whole.indexOf("2\r\nTitolazione"))));
-        QVERIFY(LoadDocument(*m_document, m_file).calculated);
+        QVERIFY(LoadDocument(*m_document, m_file).Calculated());
         QCOMPARE(m_document->Grid().GetDigits(), (Digits{3, 3}));
         QCOMPARE(m_document->InputData(2), u"Lotto 7"_s);
         QVERIFY(WriteBytes(m_file, DataFileWith(kExample, {{4, "x"}})));
@@ -199,12 +195,6 @@ private Q_SLOTS:
         QVERIFY(!outcome.reading);
         QCOMPARE(outcome.calculation->Number(), 13);
     }
-
-private:
-    std::unique_ptr<QTemporaryDir> m_folder;
-    QString m_file;
-    std::unique_ptr<TestPlace> m_place;
-    std::unique_ptr<PrecDocument> m_document;
 };
 
 QTEST_GUILESS_MAIN(PrecDocumentTest)

@@ -3,6 +3,7 @@
 #include "Compare.h"
 #include "TestWindowPlace.h"
 #include "framework/window/ChartView.h"
+#include "validation/repeatability/PrecDocument.h"
 
 #include <QTemporaryDir>
 

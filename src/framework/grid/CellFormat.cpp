@@ -1,0 +1,49 @@
+#include "framework/grid/CellFormat.h"
+
+#include "framework/text/TextNumber.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace
+{
+
+double LargestOf(const Digits& digits)
+{
+    // Beyond 15 digits the nines are those of the rounded power.
+    const double power = std::pow(10.0, std::min(digits.interi, 300));
+    return power - std::pow(10.0, -std::min(digits.decimali, 300));
+}
+
+} // namespace
+
+CellFormat::CellFormat(QString decSep) : m_decSep(std::move(decSep)) {}
+
+void CellFormat::SetDigits(Digits digits)
+{
+    m_digits = digits;
+    m_largest = LargestOf(digits);
+}
+
+QString CellFormat::Text(std::optional<double> value) const
+{
+    return value ? DecimalText(*value, m_digits.decimali, m_decSep) : QString();
+}
+
+bool CellFormat::Accepts(const QString& text) const
+{
+    return text.trimmed().isEmpty() || Number(text).has_value();
+}
+
+std::optional<double> CellFormat::Number(const QString& text) const
+{
+    const auto value = TypedNumber(text);
+    return value && *value >= 0 && *value <= m_largest ? value : std::nullopt;
+}
+
+QString CellFormat::LargestText() const
+{
+    const QString whole(m_digits.interi, u'9');
+    return m_digits.decimali == 0 ? whole : whole + m_decSep + QString(m_digits.decimali, u'9');
+}

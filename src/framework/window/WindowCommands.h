@@ -1,0 +1,77 @@
+// The commands of a test window: what its menus and its toolbar do, and the guard around it.
+#pragma once
+
+#include "framework/window/Frame.h"
+#include "framework/window/GridView.h"
+#include "framework/window/Guard.h"
+
+#include <QList>
+#include <QMenu>
+#include <QObject>
+#include <QString>
+#include <QToolBar>
+
+#include <functional>
+#include <vector>
+
+class TestDocument;
+
+/// What the menu item or the button of this name does.
+struct Command {
+    QString name;
+    std::function<void()> run;
+    bool commitsGrids =
+        true; ///< what is being typed into a grid is taken over first; where it is refused, nothing runs
+};
+
+class WindowCommands : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// All outlive this object. It knows the commands that all tests have.
+    WindowCommands(QWidget& window, TestDocument& document, Frame& frame);
+
+    /// Another command. In the place of one with this name where there is one.
+    void Add(const Command& command);
+    /// A grid of the window, with its popup.
+    void AddGrid(GridView* view) { m_grids.append(view); }
+    /// Menus and toolbar, once all commands and grids are known.
+    void Build();
+
+    const QList<QMenu*>& Menus() const { return m_menus; }
+    QToolBar* Toolbar() const { return m_toolbar; }
+    /// Whether there are data to save, to print and to calculate.
+    void SetTools(bool data);
+
+    /// As told at Guard.
+    void Run(const std::function<void()>& event);
+    Guard AsGuard()
+    {
+        return [this](const auto& event) { Run(event); };
+    }
+    /// Runs a command, after what is being typed into a grid.
+    void RunCommand(const std::function<void()>& command);
+    /// False when a grid refuses what is being typed into it.
+    bool CommitGrids();
+
+    void FileChiudi();
+    void StrumentiSetup();
+
+private:
+    std::function<void()> Find(const QString& name);
+    void AddArrangements();
+    void AddMethods();
+    QMenu* Menu(QLatin1StringView name) const;
+    void FileNuovo();
+    void FileApri();
+    void StrumentiCalcola();
+
+    QWidget& m_window;
+    TestDocument& m_document;
+    Frame& m_frame;
+    std::vector<Command> m_commands;
+    QList<GridView*> m_grids;
+    QList<QMenu*> m_menus;
+    QToolBar* m_toolbar;
+};

@@ -1,0 +1,62 @@
+// The pages of a test window, and the frames that they are put together from.
+#pragma once
+
+#include "framework/window/WindowFields.h"
+
+#include <QGroupBox>
+#include <QList>
+#include <QTabWidget>
+
+#include <cstddef>
+#include <vector>
+
+class ChartPage;
+class Descriptions;
+class GridView;
+class TestDocument;
+class WindowCommands;
+
+class WindowPages : public QTabWidget
+{
+    Q_OBJECT
+
+public:
+    /// All but this object outlive it.
+    WindowPages(TestDocument& document, WindowFields& fields, Descriptions& descriptions,
+                WindowCommands& commands);
+
+    /// The page scrolls where the window is smaller than what stands on it.
+    void AddPage(QWidget* page, const QString& caption);
+    /// "Info/Conclusioni": header fields and conclusions.
+    void AddInfoPage(const QString& labelName, const QString& conclusionsFrame);
+    /// "Dati": frames one below the other, on the left and on the right; the last on the left takes the room
+    /// that is left.
+    void AddDataPage(const QList<QWidget*>& left, const QList<QWidget*>& right);
+    /// The charts of the document, one or two beside each other.
+    void AddChartPage(const QString& caption);
+
+    /// A frame with fields that size the grid, in the first rows of a grid layout of three columns.
+    QGroupBox* SizeFrame(const QString& name, const QString& title, const QList<SizeRow>& rows);
+    /// A frame with a grid of the document.
+    QGroupBox* GridFrame(const QString& name, const QString& title, std::size_t grid = 0);
+    GridView* Grid(std::size_t index) const { return m_grids[index]; }
+    /// The frame of the results, with an empty grid layout.
+    QGroupBox* ResultBox(const QString& name, QGridLayout*& layout);
+
+    void Refresh();
+    QSize PagesHint() const;
+
+Q_SIGNALS:
+    /// Something to be told about a grid; an empty text tells that the last one no longer holds.
+    void Said(const QString& text);
+
+private:
+    GridView* MakeGridView(std::size_t index, const QString& caption);
+
+    TestDocument& m_document;
+    WindowFields& m_fields;
+    Descriptions& m_descriptions;
+    WindowCommands& m_commands;
+    std::vector<GridView*> m_grids; ///< by the grid's index
+    QList<ChartPage*> m_charts;
+};
