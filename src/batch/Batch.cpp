@@ -86,7 +86,7 @@ class Batch
 {
 public:
     Batch(CommandLine line, const BatchPlace& place)
-        : m_line(std::move(line)), m_place(place), m_fTable(place.programFolder + u"/DB/QUOREL73.MDB"_s)
+        : m_line(std::move(line)), m_place(place), m_fTable(place.programFolder + u"/DB/"_s + kDatabaseName)
     {
     }
 
