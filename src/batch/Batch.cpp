@@ -3,6 +3,7 @@
 #include "batch/CommandLine.h"
 #include "batch/Outcome.h"
 #include "framework/chart/ChartPainter.h"
+#include "framework/document/Define.h"
 #include "framework/document/TestRegistry.h"
 #include "framework/files/Database.h"
 #include "framework/files/SafeFile.h"
@@ -62,7 +63,7 @@ class Batch
 {
 public:
     Batch(CommandLine line, const BatchPlace& place)
-        : m_line(std::move(line)), m_place(place), m_fTable(place.programFolder + u"/DB/QUOREL73.MDB"_s)
+        : m_line(std::move(line)), m_place(place), m_fTable(place.programFolder + u"/DB/"_s + kDatabaseName)
     {
     }
 

@@ -3,6 +3,7 @@
 #include "framework/document/CommonDialog.h"
 #include "framework/document/Define.h"
 #include "framework/document/Messages.h"
+#include "framework/document/Twips.h"
 #include "framework/text/NumberText.h"
 #include "framework/window/Forms.h"
 #include "shell/CompanyData.h"
@@ -20,22 +21,12 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-constexpr double kTwipsInCentimetre = 1440 / 2.54;
-
 QImage ReadPicture(const QString& path)
 {
     QImageReader reader(path);
     reader.setDecideFormatFromContent(true);
     reader.setAutoTransform(true);
     return reader.read();
-}
-
-QPushButton* Button(const QString& name, const QString& caption)
-{
-    auto* button = new QPushButton(caption);
-    button->setObjectName(name);
-    button->setAutoDefault(false);
-    return button;
 }
 
 } // namespace
@@ -53,8 +44,8 @@ CompanyDataDialog::CompanyDataDialog(const Company& company, const DocumentConte
         form->addRow(CompanyCaption(i), field);
         m_fields[i] = field;
     }
-    auto* save = Button(u"cmdSave"_s, u"&Salva modifiche"_s);
-    auto* close = Button(u"cmdClose"_s, u"&Chiudi"_s);
+    auto* save = ButtonWithoutEnter(u"cmdSave"_s, u"&Salva modifiche"_s);
+    auto* close = ButtonWithoutEnter(u"cmdClose"_s, u"&Chiudi"_s);
     connect(save, &QPushButton::clicked, this, &CompanyDataDialog::Save);
     connect(close, &QPushButton::clicked, this, &QDialog::close);
     auto* buttons = new QHBoxLayout;
@@ -79,8 +70,8 @@ QGroupBox* CompanyDataDialog::LogoFrame()
     m_logo->SetLimits(m_context.define.LogoMaxHeight, m_context.define.LogoMaxWidth);
     connect(m_logo, &LogoView::ShownSizeChanged, this, &CompanyDataDialog::ShowSize);
 
-    auto* choose = Button(u"ObjOpen"_s, u"&Scegli logo"_s);
-    m_cancelLogo = Button(u"ObjCancel"_s, u"Cancella logo"_s);
+    auto* choose = ButtonWithoutEnter(u"ObjOpen"_s, u"&Scegli logo"_s);
+    m_cancelLogo = ButtonWithoutEnter(u"ObjCancel"_s, u"Cancella logo"_s);
     connect(choose, &QPushButton::clicked, this, &CompanyDataDialog::ChooseLogo);
     connect(m_cancelLogo, &QPushButton::clicked, this, &CompanyDataDialog::CancelLogo);
 

@@ -1,5 +1,7 @@
 #include "shell/LogoView.h"
 
+#include "framework/document/Twips.h"
+
 #include <QPainter>
 
 using namespace Qt::StringLiterals;
@@ -7,8 +9,7 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-constexpr int kTwipsInPixel = 15; // at 96 pixels an inch
-constexpr int kRuler = 34;        // room for a ruler and its label
+constexpr int kRuler = 34; // room for a ruler and its label
 constexpr int kTick = 5;
 
 int Pixels(int twips)

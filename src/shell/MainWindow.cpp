@@ -5,15 +5,17 @@
 #include "shell/BackupDialog.h"
 #include "shell/CompanyData.h"
 #include "shell/CompanyDataDialog.h"
+#include "shell/MdiArrangement.h"
 #include "shell/OptionsDialog.h"
+#include "shell/WindowList.h"
 #include "validation/WindowFactory.h"
 
 #include <QCloseEvent>
 #include <QMenuBar>
 #include <QScreen>
-#include <QStyle>
 
 #include <algorithm>
+#include <variant>
 
 using namespace Qt::StringLiterals;
 
@@ -23,33 +25,36 @@ namespace
 /// On a small screen the frame leaves some room for its own title and a panel of the desktop.
 constexpr double kPartOfScreen = 0.9;
 
-/// Marks the entries of a menu that stand for open windows.
-constexpr const char* kWindowEntry = "windowEntry";
+/// A menu of the frame; in the menu bar, or inside the one named `within`.
+struct Menu {
+    QString name;
+    QString caption;
+    QString within = {};
+};
 
-QMenu* NewMenu(QWidget* parent, const QString& name, const QString& caption)
+const QList<Menu>& MenuTable()
 {
-    auto* menu = new QMenu(caption, parent);
-    menu->setObjectName(name);
-    return menu;
-}
-
-QAction* AddItem(QMenu* menu, const QString& name, const QString& caption)
-{
-    QAction* action = menu->addAction(caption);
-    action->setObjectName(name);
-    return action;
+    static const QList<Menu> kMenus = {
+        {u"MnuFile"_s, u"&File"_s},
+        {u"MnuMetodi"_s, u"&Metodi"_s},
+        {u"MnuFinestre"_s, u"&Finestre"_s},
+        {u"MnuMetodiDett2"_s, u"&Precisione"_s, u"MnuMetodi"_s},
+        {u"Help"_s, u"&?"_s},
+    };
+    return kMenus;
 }
 
 } // namespace
 
-MainWindow::MainWindow(const DocumentContext& context) : m_context(context), m_area(new QMdiArea)
+MainWindow::MainWindow(const DocumentContext& context)
+    : m_context(context), m_area(new QMdiArea), m_windowList(new WindowList(m_area))
 {
     setObjectName(u"MDIMain"_s);
     setWindowTitle(context.define.AppTitle);
     m_area->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     m_area->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     setCentralWidget(m_area);
-    m_menus = {FileMenu(), MethodsMenu(), WindowsMenu(), HelpMenu()};
+    MakeMenus();
     connect(m_area, &QMdiArea::subWindowActivated, this, &MainWindow::ShowMenus);
     ShowMenus();
     resize(QSize(1100, 780).boundedTo(screen()->availableSize() * kPartOfScreen));
@@ -61,70 +66,90 @@ MainWindow::~MainWindow()
     m_area->disconnect(this);
 }
 
-QMenu* MainWindow::FileMenu()
+/// An item of a menu; one without a caption is a separator. It shows the test of this key, or does what the
+/// command does; an empty key stands for what the program does not have yet.
+struct MainWindow::Item {
+    QString menu;
+    QString name;
+    QString caption = {};
+    std::variant<QString, Command> does = {};
+    bool hidden = false;
+};
+
+/// A menu stands where its first item does.
+const QList<MainWindow::Item>& MainWindow::ItemTable()
 {
-    QMenu* menu = NewMenu(this, u"MnuFile"_s, u"&File"_s);
+    const auto arrange = [](Arrangement arrangement) -> Command {
+        return [arrangement](MainWindow& window) { window.Arrange(arrangement); };
+    };
     // Deliberate: hidden, and without an effect; nothing in the program uses categories.
-    AddItem(menu, u"MnuFileCreaCategoria"_s, u"&Crea categoria"_s)->setVisible(false);
-    AddItem(menu, u"MnuFileApriCategoria"_s, u"&Apri categoria"_s)->setVisible(false);
-    menu->addSeparator()->setObjectName(u"MnuFileLine1"_s);
-    connect(AddItem(menu, u"MnuFileAnagrafica"_s, u"&Anagrafica Azienda"_s), &QAction::triggered, this,
-            &MainWindow::ShowCompanyData);
-    connect(AddItem(menu, u"MnuFileOpzioni"_s, u"Opzioni"_s), &QAction::triggered, this,
-            &MainWindow::ShowOptions);
-    menu->addSeparator()->setObjectName(u"MnuFileLine2"_s);
-    connect(AddItem(menu, u"MnuFileBackup"_s, u"Backup dati"_s), &QAction::triggered, this,
-            [this] { RunBackup(false); });
-    menu->addSeparator()->setObjectName(u"MnuFileLine3"_s);
-    connect(AddItem(menu, u"MnuFileUscita"_s, u"&Uscita"_s), &QAction::triggered, this, &MainWindow::close);
-    return menu;
-}
-
-QMenu* MainWindow::MethodsMenu()
-{
-    QMenu* menu = NewMenu(this, u"MnuMetodi"_s, u"&Metodi"_s);
-    const auto add = [this](QMenu* to, const QString& name, const QString& caption, const QString& key) {
-        QAction* action = AddItem(to, name, caption);
-        action->setEnabled(HasTest(key));
-        connect(action, &QAction::triggered, this, [this, key] { ShowTest(key); });
+    const Command nothing = [](MainWindow&) {};
+    const Command backup = [](MainWindow& window) { window.RunBackup(false); };
+    static const QList<Item> kItems = {
+        {u"MnuFile"_s, u"MnuFileCreaCategoria"_s, u"&Crea categoria"_s, nothing, true},
+        {u"MnuFile"_s, u"MnuFileApriCategoria"_s, u"&Apri categoria"_s, nothing, true},
+        {u"MnuFile"_s, u"MnuFileLine1"_s},
+        {u"MnuFile"_s, u"MnuFileAnagrafica"_s, u"&Anagrafica Azienda"_s,
+         Command(&MainWindow::ShowCompanyData)},
+        {u"MnuFile"_s, u"MnuFileOpzioni"_s, u"Opzioni"_s, Command(&MainWindow::ShowOptions)},
+        {u"MnuFile"_s, u"MnuFileLine2"_s},
+        {u"MnuFile"_s, u"MnuFileBackup"_s, u"Backup dati"_s, backup},
+        {u"MnuFile"_s, u"MnuFileLine3"_s},
+        {u"MnuFile"_s, u"MnuFileUscita"_s, u"&Uscita"_s, Command(&MainWindow::EndProgram)},
+        {u"MnuMetodi"_s, u"MnuMetodiDett0"_s, u"&Specificità"_s, u"SPEC"_s},
+        {u"MnuMetodi"_s, u"MnuMetodiDett1"_s, u"&Taratura"_s, u"TARA"_s},
+        {u"MnuMetodiDett2"_s, u"MnuMetodiPrec0"_s, u"&Ripetibilità"_s, u"PREC"_s},
+        {u"MnuMetodiDett2"_s, u"MnuMetodiPrec1"_s, u"Precisione &intermedia"_s, u"PRIN"_s},
+        {u"MnuMetodiDett2"_s, u"MnuMetodiPrec2"_s, u"&Riproducibilità"_s, u"RIPR"_s},
+        {u"MnuMetodi"_s, u"MnuMetodiDett3"_s, u"&Accuratezza"_s, u"ACCU"_s},
+        {u"MnuMetodi"_s, u"MnuMetodiDett4"_s, u"&Limite rilevazione e determinazione "_s, u"LIMI"_s},
+        {u"MnuFinestre"_s, u"MnuFinestreTile"_s, u"Affianca &orizzontalmente"_s,
+         arrange(Arrangement::TileHorizontally)},
+        {u"MnuFinestre"_s, u"MnuFinestreVTile"_s, u"Affianca &verticalmente"_s,
+         arrange(Arrangement::TileVertically)},
+        {u"MnuFinestre"_s, u"MnuFinestreCascade"_s, u"&Sovrapponi"_s, arrange(Arrangement::Cascade)},
+        {u"MnuFinestre"_s, u"MnuFinestreDisponiIcone"_s, u"&Disponi icone"_s, arrange(Arrangement::Icons)},
+        {u"Help"_s, u"MnuHelpGuida"_s, u"&Guida in linea"_s},
+        {u"Help"_s, u"Normativa"_s, u"&Normativa di riferimento ICH"_s},
+        {u"Help"_s, u"MarzenBook"_s, u"&Testo di riferimento V.Marzen"_s},
+        {u"Help"_s, u"MnuHelpLine"_s},
+        {u"Help"_s, u"InfoQuorel"_s, u"Informazioni su Quorel 2006"_s},
     };
-    add(menu, u"MnuMetodiDett0"_s, u"&Specificità"_s, u"SPEC"_s);
-    add(menu, u"MnuMetodiDett1"_s, u"&Taratura"_s, u"TARA"_s);
-    QMenu* precision = NewMenu(menu, u"MnuMetodiDett2"_s, u"&Precisione"_s);
-    menu->addMenu(precision);
-    add(precision, u"MnuMetodiPrec0"_s, u"&Ripetibilità"_s, u"PREC"_s);
-    add(precision, u"MnuMetodiPrec1"_s, u"Precisione &intermedia"_s, u"PRIN"_s);
-    add(precision, u"MnuMetodiPrec2"_s, u"&Riproducibilità"_s, u"RIPR"_s);
-    add(menu, u"MnuMetodiDett3"_s, u"&Accuratezza"_s, u"ACCU"_s);
-    add(menu, u"MnuMetodiDett4"_s, u"&Limite rilevazione e determinazione "_s, u"LIMI"_s);
+    return kItems;
+}
+
+QMenu* MainWindow::OwnMenu(const QString& name)
+{
+    if (auto* made = findChild<QMenu*>(name))
+        return made;
+    const auto row = std::ranges::find(MenuTable(), name, &Menu::name);
+    QMenu* within = row->within.isEmpty() ? nullptr : OwnMenu(row->within);
+    auto* menu = new QMenu(row->caption, within != nullptr ? static_cast<QWidget*>(within) : this);
+    menu->setObjectName(name);
+    if (within != nullptr)
+        within->addMenu(menu);
+    else
+        m_menus.append(menu);
     return menu;
 }
 
-QMenu* MainWindow::WindowsMenu()
+void MainWindow::MakeMenus()
 {
-    QMenu* menu = NewMenu(this, u"MnuFinestre"_s, u"&Finestre"_s);
-    const auto add = [this, menu](const QString& name, const QString& caption, Arrangement arrangement) {
-        connect(AddItem(menu, name, caption), &QAction::triggered, this,
-                [this, arrangement] { Arrange(arrangement); });
-    };
-    add(u"MnuFinestreTile"_s, u"Affianca &orizzontalmente"_s, Arrangement::TileHorizontally);
-    add(u"MnuFinestreVTile"_s, u"Affianca &verticalmente"_s, Arrangement::TileVertically);
-    add(u"MnuFinestreCascade"_s, u"&Sovrapponi"_s, Arrangement::Cascade);
-    add(u"MnuFinestreDisponiIcone"_s, u"&Disponi icone"_s, Arrangement::Icons);
-    return menu;
-}
-
-QMenu* MainWindow::HelpMenu()
-{
-    QMenu* menu = NewMenu(this, u"Help"_s, u"&?"_s);
-    const QList<QAction*> items = {AddItem(menu, u"MnuHelpGuida"_s, u"&Guida in linea"_s),
-                                   AddItem(menu, u"Normativa"_s, u"&Normativa di riferimento ICH"_s),
-                                   AddItem(menu, u"MarzenBook"_s, u"&Testo di riferimento V.Marzen"_s)};
-    menu->addSeparator()->setObjectName(u"MnuHelpLine"_s);
-    QAction* about = AddItem(menu, u"InfoQuorel"_s, u"Informazioni su Quorel 2006"_s);
-    for (QAction* item : items + QList<QAction*>{about})
-        item->setEnabled(false); // the help is yet to come
-    return menu;
+    for (const Item& item : ItemTable()) {
+        QMenu* menu = OwnMenu(item.menu);
+        QAction* action = item.caption.isEmpty() ? menu->addSeparator() : menu->addAction(item.caption);
+        action->setObjectName(item.name);
+        action->setVisible(!item.hidden);
+        if (action->isSeparator())
+            continue;
+        if (const auto* key = std::get_if<QString>(&item.does)) {
+            action->setEnabled(HasTest(*key));
+            connect(action, &QAction::triggered, this, [this, key] { ShowTest(*key); });
+        } else {
+            connect(action, &QAction::triggered, this,
+                    [this, &item] { std::get<Command>(item.does)(*this); });
+        }
+    }
 }
 
 void MainWindow::ShowMenus()
@@ -135,35 +160,10 @@ void MainWindow::ShowMenus()
     for (QMenu* menu : test == nullptr ? m_menus : test->Menus()) {
         menuBar()->addMenu(menu);
         if (menu->objectName() == u"MnuFinestre")
-            ListWindows(menu);
+            m_windowList->SetMenu(menu);
     }
     if (test != nullptr)
         test->Activated();
-}
-
-/// The open windows below the arrangements, with the active one marked; made anew each time the menu opens.
-void MainWindow::ListWindows(QMenu* menu)
-{
-    menu->disconnect(SIGNAL(aboutToShow()), this, nullptr);
-    connect(menu, &QMenu::aboutToShow, this, [this, menu] {
-        for (QAction* action : menu->actions()) {
-            if (action->property(kWindowEntry).toBool())
-                delete action;
-        }
-        const QList<QMdiSubWindow*> windows = m_area->subWindowList();
-        if (!windows.isEmpty())
-            menu->addSeparator()->setProperty(kWindowEntry, true);
-        for (qsizetype i = 0; i < windows.size(); ++i) {
-            QString title = windows[i]->windowTitle();
-            QAction* action =
-                menu->addAction(u"&%1 %2"_s.arg(QString::number(i + 1), title.replace(u'&', u"&&"_s)));
-            action->setProperty(kWindowEntry, true);
-            action->setCheckable(true);
-            action->setChecked(windows[i] == m_area->currentSubWindow());
-            connect(action, &QAction::triggered, windows[i],
-                    [this, window = windows[i]] { Activate(window); });
-        }
-    });
 }
 
 bool MainWindow::HasTest(QStringView key) const
@@ -199,17 +199,10 @@ bool MainWindow::FormIsOpen(QAnyStringView windowClass) const
     });
 }
 
-void MainWindow::Activate(QMdiSubWindow* window)
-{
-    if (window->isMinimized())
-        window->showNormal();
-    m_area->setActiveSubWindow(window);
-}
-
 void MainWindow::ShowTest(QStringView key)
 {
     if (const TestWindow* open = OpenTest(key)) {
-        Activate(qobject_cast<QMdiSubWindow*>(open->parentWidget()));
+        ActivateWindow(qobject_cast<QMdiSubWindow*>(open->parentWidget()));
         return;
     }
     QMdiSubWindow* window = m_area->addSubWindow(CreateTestWindow(key, m_context, *this).release());
@@ -218,78 +211,9 @@ void MainWindow::ShowTest(QStringView key)
     window->show();
 }
 
-QList<QMdiSubWindow*> MainWindow::Windows(bool minimized, QMdiArea::WindowOrder order) const
-{
-    QList<QMdiSubWindow*> windows = m_area->subWindowList(order);
-    erase_if(windows,
-             [minimized](const QMdiSubWindow* window) { return window->isMinimized() != minimized; });
-    return windows;
-}
-
 void MainWindow::Arrange(Arrangement arrangement)
 {
-    switch (arrangement) {
-    case Arrangement::Cascade:
-        CascadeWindows();
-        break;
-    case Arrangement::TileHorizontally:
-        TileWindows(Qt::Vertical); // each as wide as the area, one below the other
-        break;
-    case Arrangement::TileVertically:
-        TileWindows(Qt::Horizontal);
-        break;
-    case Arrangement::Icons:
-        ArrangeIcons();
-        break;
-    }
-}
-
-/// Each a title bar below the one behind it, the active one in front of all.
-void MainWindow::CascadeWindows()
-{
-    const QList<QMdiSubWindow*> windows = Windows(false, QMdiArea::StackingOrder);
-    const int step = style()->pixelMetric(QStyle::PM_TitleBarHeight) +
-                     style()->pixelMetric(QStyle::PM_MdiSubWindowFrameWidth);
-    QPoint at;
-    for (QMdiSubWindow* window : windows) {
-        window->showNormal();
-        const QSize room = m_area->viewport()->size() - QSize(at.x(), at.y());
-        window->setGeometry(QRect(at, window->sizeHint().boundedTo(room)));
-        window->raise();
-        at += QPoint(step, step);
-    }
-}
-
-void MainWindow::TileWindows(Qt::Orientation along)
-{
-    const QList<QMdiSubWindow*> windows = Windows(false);
-    const QList<QMdiSubWindow*> icons = Windows(true);
-    QRect area = m_area->viewport()->rect();
-    if (!icons.isEmpty())
-        area.setBottom(area.bottom() - icons.front()->height());
-    const int count = static_cast<int>(windows.size());
-    for (int i = 0; i < count; ++i) {
-        windows[i]->showNormal();
-        if (along == Qt::Vertical)
-            windows[i]->setGeometry(area.left(), area.top() + area.height() * i / count, area.width(),
-                                    area.height() / count);
-        else
-            windows[i]->setGeometry(area.left() + area.width() * i / count, area.top(), area.width() / count,
-                                    area.height());
-    }
-}
-
-/// Minimized windows go into rows from the lower left corner up.
-void MainWindow::ArrangeIcons()
-{
-    const QRect area = m_area->viewport()->rect();
-    QPoint at = area.bottomLeft();
-    for (QMdiSubWindow* icon : Windows(true)) {
-        if (at.x() > area.left() && at.x() + icon->width() > area.right())
-            at = QPoint(area.left(), at.y() - icon->height());
-        icon->move(at.x(), at.y() + 1 - icon->height());
-        at.rx() += icon->width();
-    }
+    ArrangeWindows(*m_area, arrangement);
 }
 
 void MainWindow::ShowCompanyData()
@@ -319,7 +243,7 @@ void MainWindow::closeEvent(QCloseEvent* event)
     const QList<TestWindow*> tests = Tests();
     for (TestWindow* test : tests) {
         if (test->HasChanges()) // shows what the question is about
-            Activate(qobject_cast<QMdiSubWindow*>(test->parentWidget()));
+            ActivateWindow(qobject_cast<QMdiSubWindow*>(test->parentWidget()));
         if (!test->QueryUnload()) {
             event->ignore();
             return;

@@ -9,6 +9,10 @@
 #include <QMdiArea>
 #include <QMdiSubWindow>
 
+#include <functional>
+
+class WindowList;
+
 class MainWindow : public QMainWindow, public Frame
 {
     Q_OBJECT
@@ -30,20 +34,15 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
-    QMenu* FileMenu();
-    QMenu* MethodsMenu();
-    QMenu* WindowsMenu();
-    QMenu* HelpMenu();
+    using Command = std::function<void(MainWindow&)>;
+    struct Item;
+    static const QList<Item>& ItemTable();
+    /// The menu of this name, made when it is first asked for.
+    QMenu* OwnMenu(const QString& name);
+    void MakeMenus();
     void ShowMenus();
-    void ListWindows(QMenu* menu);
-    void Activate(QMdiSubWindow* window);
     /// The windows of the tests, in the order in which they were opened.
     QList<TestWindow*> Tests() const;
-    void CascadeWindows();
-    void TileWindows(Qt::Orientation along);
-    void ArrangeIcons();
-    QList<QMdiSubWindow*> Windows(bool minimized,
-                                  QMdiArea::WindowOrder order = QMdiArea::CreationOrder) const;
 
     void ShowCompanyData();
     void ShowOptions();
@@ -51,5 +50,6 @@ private:
 
     DocumentContext m_context;
     QMdiArea* m_area;
+    WindowList* m_windowList;
     QList<QMenu*> m_menus; ///< the frame's own, seen while no test is open
 };

@@ -57,10 +57,8 @@ QLineEdit* OptionsDialog::AddFolder(QGridLayout* layout, const QString& name, co
     field->setMinimumWidth(field->fontMetrics().averageCharWidth() * 75);
     auto* label = new QLabel(caption);
     label->setBuddy(field);
-    auto* browse = new QPushButton(u"Sfoglia..."_s);
-    browse->setObjectName(button);
+    QPushButton* browse = ButtonWithoutEnter(button, u"Sfoglia..."_s);
     browse->setAccessibleDescription(browseTitle);
-    browse->setAutoDefault(false);
     connect(browse, &QPushButton::clicked, this,
             [this, field, browseTitle, folder] { Browse(field, browseTitle, folder); });
     const int row = layout->rowCount();

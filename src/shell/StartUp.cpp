@@ -14,8 +14,6 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-const QString kDatabaseName = u"QUOREL73.MDB"_s;
-
 /// Makes a missing folder, or asks for the rights in one that is there.
 bool CreateOrVerify(const QString& folder, const Define& define, Messages& messages)
 {

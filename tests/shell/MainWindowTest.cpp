@@ -54,6 +54,10 @@ private Q_SLOTS:
                  "Affianca &orizzontalmente|Affianca &verticalmente|&Sovrapponi|&Disponi icone|"
                  "&Guida in linea|&Normativa di riferimento ICH|&Testo di riferimento V.Marzen|-|"
                  "Informazioni su Quorel 2006"_s);
+        QStringList precision;
+        for (const QAction* item : m_window->findChild<QMenu*>(u"MnuMetodiDett2"_s)->actions())
+            precision += item->text();
+        QCOMPARE(precision.join(u'|'), u"&Ripetibilità|Precisione &intermedia|&Riproducibilità"_s);
     }
 
     void WindowListAndArrangements()

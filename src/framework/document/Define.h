@@ -1,9 +1,13 @@
 // The values that hold for the whole program, made once at start and handed down by reference.
 #pragma once
 
+#include <QLatin1StringView>
 #include <QString>
 
 #include <cstdint>
+
+/// The file name of the database, the master's and the working copy's.
+inline constexpr QLatin1StringView kDatabaseName("QUOREL73.MDB");
 
 /// The one object of global values. Documents that are calculated side by side have one each.
 struct Define {

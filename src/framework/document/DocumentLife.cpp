@@ -2,9 +2,6 @@
 
 #include "framework/document/CommonDialog.h"
 #include "framework/document/Define.h"
-#include "framework/text/TextFunctions.h"
-
-#include <QDir>
 
 #include <utility>
 
@@ -26,9 +23,8 @@ bool MayBeLost(TestDocument& document)
 
 void TellSaveFailure(const TestDocument& document, const QString& fileName, const RuntimeFailure& failure)
 {
-    const QString text = u"Il documento non è stato salvato nel file\n%1\n\n%2."_s.arg(
-        QDir::toNativeSeparators(fileName), FailureText(failure));
-    document.Context().messages.Show(MessageIcon::Critical, document.Context().define.AppTitle, text);
+    document.Context().messages.Show(MessageIcon::Critical, document.Context().define.AppTitle,
+                                     NotSavedText(u"Il documento"_s, fileName, failure));
 }
 
 /// Writes to the name that the dialog holds. `former` is the name to go back to when the writing fails.

@@ -27,3 +27,6 @@ void ShowStatisticsFailure(Messages& messages, const QString& what);
 
 /// "Errore di run-time '13': Tipo non corrispondente"
 QString FailureMessage(const RuntimeFailure& failure);
+
+/// Why a file was not written. what: "Il documento", "Il grafico".
+QString NotSavedText(const QString& what, const QString& fileName, const RuntimeFailure& failure);

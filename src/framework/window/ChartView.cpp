@@ -240,7 +240,6 @@ void ChartView::Save(ChartFormat format, const QString& extension, const QString
         WriteSafeFile(dialog.FileName, Painter()->Export(format, kChartPage));
     } catch (const RuntimeFailure& failure) {
         m_context.messages.Show(MessageIcon::Critical, m_context.define.AppTitle,
-                                u"Il grafico non è stato salvato nel file\n%1\n\n%2."_s.arg(
-                                    dialog.FileName, FailureText(failure)));
+                                NotSavedText(u"Il grafico"_s, dialog.FileName, failure));
     }
 }

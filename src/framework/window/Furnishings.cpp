@@ -1,5 +1,7 @@
 #include "framework/window/Furnishings.h"
 
+#include "framework/document/Twips.h"
+
 #include <QPalette>
 
 #include <algorithm>
@@ -7,8 +9,7 @@
 namespace
 {
 
-// A band is 1000 twips high; a point of the screen is 15.
-constexpr double kBandHeight = 1000.0 / 15;
+constexpr double kBandHeight = 1000.0 / kTwipsInPixel;
 
 // What each band is darker than the one before.
 constexpr int kRedStep = 1;

@@ -2,29 +2,19 @@
 
 #include "framework/document/Define.h"
 #include "framework/document/Messages.h"
+#include "framework/text/NumberText.h"
 #include "framework/window/Forms.h"
 
 #include <QFormLayout>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QPushButton>
-#include <QRegularExpressionValidator>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
 
 namespace
 {
-
 constexpr int kMostDigits = 13;
-
-QPushButton* Button(const QString& name, const QString& caption)
-{
-    auto* button = new QPushButton(caption);
-    button->setObjectName(name);
-    return button;
-}
-
 } // namespace
 
 NumberFormatDialog::NumberFormatDialog(const DataGrid& grid, const DocumentContext& context, Guard guard,
@@ -33,23 +23,22 @@ NumberFormatDialog::NumberFormatDialog(const DataGrid& grid, const DocumentConte
 {
     setObjectName(u"FormNumero"_s);
     setWindowTitle(u"Formato numeri"_s);
-    static const QRegularExpression kUpToFourDigits(u"[0-9]{0,4}"_s);
     const std::array captions = {u"Numero degli interi"_s, u"Numero dei decimali"_s};
     const std::array counts = {oGrid.GetDigits().interi, oGrid.GetDigits().decimali};
     auto* form = new QFormLayout;
     for (std::size_t i = 0; i < m_numForm.size(); ++i) {
         auto* field = new QLineEdit(QString::number(counts[i]));
         field->setObjectName(u"NumForm%1"_s.arg(i));
-        field->setValidator(new QRegularExpressionValidator(kUpToFourDigits, field));
+        field->setValidator(UpToFourDigits(field));
         field->setMaximumWidth(field->fontMetrics().horizontalAdvance(u"00000000"_s));
         form->addRow(captions[i], field);
         m_numForm[i] = field;
     }
     m_numForm[0]->selectAll();
 
-    QPushButton* ok = Button(u"Command10"_s, u"&OK"_s);
+    QPushButton* ok = NewButton(u"Command10"_s, u"&OK"_s);
     ok->setDefault(true);
-    QPushButton* cancel = Button(u"Command11"_s, u"&Annulla"_s);
+    QPushButton* cancel = NewButton(u"Command11"_s, u"&Annulla"_s);
     connect(ok, &QPushButton::clicked, this, [this] { m_guard([this] { Store(); }); });
     connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
     auto* buttons = new QHBoxLayout;
@@ -84,8 +73,6 @@ void NumberFormatDialog::Store()
     }
     NumInteger = static_cast<std::int16_t>(interi);
     NumDecimal = static_cast<std::int16_t>(decimali);
-    NumberFormat = QString(interi - 1, u'#') + u'0';
-    if (decimali > 0)
-        NumberFormat += m_context.define.DecSep + QString(decimali, u'0');
+    NumberFormat = NumFormatOf({interi, decimali}).replace(u'.', m_context.define.DecSep);
     accept();
 }

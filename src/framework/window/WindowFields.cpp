@@ -1,11 +1,11 @@
 #include "framework/window/WindowFields.h"
 
 #include "framework/document/TestDocument.h"
+#include "framework/window/Forms.h"
 
 #include <QButtonGroup>
 #include <QFormLayout>
 #include <QKeyEvent>
-#include <QRegularExpressionValidator>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -78,10 +78,9 @@ QGroupBox* WindowFields::ConclusionsFrame(const QString& frameName)
 
 QLineEdit* WindowFields::SizeEdit(QLatin1StringView control)
 {
-    static const QRegularExpression kUpToFourDigits(u"[0-9]{0,4}"_s);
     auto* edit = new QLineEdit;
     edit->setObjectName(control);
-    edit->setValidator(new QRegularExpressionValidator(kUpToFourDigits, edit));
+    edit->setValidator(UpToFourDigits(edit));
     edit->setFixedWidth(edit->fontMetrics().horizontalAdvance(u"00000000"_s));
     edit->installEventFilter(this);
     connect(edit, &QLineEdit::textEdited, this,

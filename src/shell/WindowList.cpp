@@ -1,0 +1,39 @@
+#include "shell/WindowList.h"
+
+#include "shell/MdiArrangement.h"
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+/// Marks the entries of a menu that stand for open windows.
+constexpr const char* kWindowEntry = "windowEntry";
+} // namespace
+
+WindowList::WindowList(QMdiArea* area) : QObject(area), m_area(area) {}
+
+void WindowList::SetMenu(QMenu* menu)
+{
+    disconnect(m_connection);
+    m_connection = connect(menu, &QMenu::aboutToShow, this, [this, menu] { Fill(menu); });
+}
+
+void WindowList::Fill(QMenu* menu)
+{
+    for (QAction* action : menu->actions()) {
+        if (action->property(kWindowEntry).toBool())
+            delete action;
+    }
+    const QList<QMdiSubWindow*> windows = m_area->subWindowList();
+    if (!windows.isEmpty())
+        menu->addSeparator()->setProperty(kWindowEntry, true);
+    for (qsizetype i = 0; i < windows.size(); ++i) {
+        QString title = windows[i]->windowTitle();
+        QAction* action =
+            menu->addAction(u"&%1 %2"_s.arg(QString::number(i + 1), title.replace(u'&', u"&&"_s)));
+        action->setProperty(kWindowEntry, true);
+        action->setCheckable(true);
+        action->setChecked(windows[i] == m_area->currentSubWindow());
+        connect(action, &QAction::triggered, windows[i], [window = windows[i]] { ActivateWindow(window); });
+    }
+}
