@@ -23,7 +23,7 @@ BEGIN { count = split(rooms, name) }
     from = room(part[1])
     to = room(included)
     numbers = part[1] ~ /Calc\.(h|cpp)$/ && to != room("stats/") && included !~ /Calc\.h$/
-    companion = part[1] ~ /^batch\// && included ~ /(Window|Dialog|View|Panel)s?\.h$/
+    companion = part[1] ~ /^batch\// && included ~ /^(framework\/window|shell)\/|Window\.h$/
     if (to == 0 || to > from || numbers || companion ||
         (test(part[1]) != "" && test(included) != "" && test(included) != test(part[1]))) {
         print "src/" part[1] ":" part[2] ": may not include " included
