@@ -138,16 +138,11 @@ QString TestDocument::FormatText() const
     return u"Formato numeri: Interi %1  Decimali %2"_s.arg(digits.interi).arg(digits.decimali);
 }
 
-const TextTable* TestDocument::Table(QAnyStringView control) const
+TextTable* TestDocument::Table(QAnyStringView control) const
 {
     const auto found = std::ranges::find_if(
         m_tables, [&](const TextTable* table) { return control == table->Shape().control; });
     return found == m_tables.end() ? nullptr : *found;
-}
-
-TextTable& TestDocument::OwnTable(QAnyStringView control)
-{
-    return *const_cast<TextTable*>(Table(control));
 }
 
 ChartData TestDocument::Chart(std::size_t index, Language /*language*/) const

@@ -107,7 +107,7 @@ public:
     const QString& ControlText(QAnyStringView control) const { return m_fields[control].text; }
     bool ControlVisible(QAnyStringView control) const { return m_fields[control].visible; }
     /// Null for a table that the test has not got.
-    const TextTable* Table(QAnyStringView control) const;
+    TextTable* Table(QAnyStringView control) const;
 
     /// The text of cConcl, lines ended by CR LF.
     const QString& Conclusions() const { return m_conclusions; }
@@ -195,7 +195,6 @@ protected:
     void SetConclusions(const QString& text) { m_conclusions = text; }
     void SetConclText(InBoth<QStringList> texts) { m_conclText = std::move(texts); }
     void SetVerdict(InBoth<QString> verdict) { m_verdict = std::move(verdict); }
-    TextTable& OwnTable(QAnyStringView control);
 
     /// A result as the window shows it, in the global number format.
     QString Shown(double value) const;

@@ -43,32 +43,6 @@ GridView::GridView(DataGrid& grid, const QString& name, const QString& caption, 
     FitColumns();
 }
 
-void GridView::SetCorner(const QString& text)
-{
-    if (m_corner == nullptr) {
-        m_corner = new QLabel(this);
-        m_corner->setAlignment(Qt::AlignCenter);
-        m_corner->setAttribute(Qt::WA_TransparentForMouseEvents); // the corner selects all
-    }
-    m_corner->setText(text);
-    // Wide enough for the corner's text.
-    verticalHeader()->setMinimumWidth(m_corner->sizeHint().width() + kCellMargins);
-    PlaceCorner();
-}
-
-void GridView::PlaceCorner()
-{
-    if (m_corner != nullptr)
-        m_corner->setGeometry(frameWidth(), frameWidth(), verticalHeader()->width(),
-                              horizontalHeader()->height());
-}
-
-void GridView::resizeEvent(QResizeEvent* event)
-{
-    QTableView::resizeEvent(event);
-    PlaceCorner();
-}
-
 void GridView::FitColumns()
 {
     const auto characters = static_cast<double>(m_grid.Format().LargestText().size()) + kMoreCharacters;
@@ -78,7 +52,6 @@ void GridView::FitColumns()
                                    horizontalHeader()->sectionSizeHint(col));
         setColumnWidth(col, width);
     }
-    PlaceCorner();
 }
 
 QSize GridView::viewportSizeHint() const

@@ -3,7 +3,6 @@
 
 #include "framework/grid/DataGrid.h"
 
-#include <QLabel>
 #include <QMenu>
 #include <QTableView>
 
@@ -17,8 +16,6 @@ public:
     /// name: objectName. caption: what a screen reader says. The grid outlives the view.
     GridView(DataGrid& grid, const QString& name, const QString& caption, QWidget* parent = nullptr);
 
-    /// The text of the cell where the headers meet.
-    void SetCorner(const QString& text);
     /// What a right click shows; owned by somebody else.
     void SetPopup(QMenu* menu) { m_popup = menu; }
 
@@ -59,7 +56,6 @@ protected:
     void mousePressEvent(QMouseEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
     void changeEvent(QEvent* event) override;
-    void resizeEvent(QResizeEvent* event) override;
     void keyboardSearch(const QString& /*search*/) override {} // letters are no way around a grid of numbers
     QSize viewportSizeHint() const override;
 
@@ -67,12 +63,10 @@ private:
     int WalkedColumns() const;
     bool RunShortcut(QKeyEvent* event);
     void FitColumns();
-    void PlaceCorner();
 
     DataGrid& m_grid;
     CellEditor* m_editor;
     QMenu* m_popup = nullptr;
-    QLabel* m_corner = nullptr;
     std::optional<int> m_walkedColumns; ///< all where none are told
     GridView* m_previous = nullptr;
     GridView* m_next = nullptr;

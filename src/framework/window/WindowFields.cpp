@@ -1,10 +1,12 @@
 #include "framework/window/WindowFields.h"
 
 #include "framework/document/TestDocument.h"
+#include "framework/window/CornerLabel.h"
 #include "framework/window/Forms.h"
 
 #include <QButtonGroup>
 #include <QFormLayout>
+#include <QHeaderView>
 #include <QKeyEvent>
 #include <QVBoxLayout>
 
@@ -159,6 +161,24 @@ QLabel* WindowFields::FieldLabel(QLatin1StringView control)
     QLabel* label = FixedLabel(control, m_document.ControlText(control));
     m_labels.append(label);
     return label;
+}
+
+QTableView* WindowFields::TableView(QLatin1StringView control)
+{
+    TextTable& table = *m_document.Table(control);
+    auto* view = new QTableView;
+    view->setObjectName(control);
+    view->setAccessibleName(table.Shape().caption);
+    view->setModel(&table);
+    view->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    view->setTabKeyNavigation(false);
+    view->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    view->horizontalHeader()->setVisible(!table.Shape().columnTitles.isEmpty());
+    view->verticalHeader()->setVisible(!table.Shape().rowTitles.isEmpty());
+    view->setSizeAdjustPolicy(QAbstractItemView::AdjustToContents);
+    if (!table.Shape().columnTitles.isEmpty())
+        new CornerLabel(table.Shape().columnTitles.constFirst(), view);
+    return view;
 }
 
 QLabel* WindowFields::FixedLabel(const QString& name, const QString& text)

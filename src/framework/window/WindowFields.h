@@ -13,6 +13,7 @@
 #include <QPlainTextEdit>
 #include <QRadioButton>
 #include <QString>
+#include <QTableView>
 
 class TestDocument;
 
@@ -53,6 +54,8 @@ public:
     QLabel* ResultLabel(QLatin1StringView control);
     /// A label whose text the document gives.
     QLabel* FieldLabel(QLatin1StringView control);
+    /// A table of the document, as high as its rows.
+    QTableView* TableView(QLatin1StringView control);
     static QLabel* FixedLabel(const QString& name, const QString& text);
     static QGroupBox* FrameBox(const QString& name, const QString& title);
 

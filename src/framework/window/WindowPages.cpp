@@ -3,6 +3,7 @@
 #include "framework/document/Define.h"
 #include "framework/document/TestDocument.h"
 #include "framework/window/ChartPage.h"
+#include "framework/window/CornerLabel.h"
 #include "framework/window/Descriptions.h"
 #include "framework/window/EditCommands.h"
 #include "framework/window/GridView.h"
@@ -98,7 +99,7 @@ GridView* WindowPages::MakeGridView(std::size_t index, const QString& caption)
     DataGrid& grid = m_document.Grid(index);
     const QString name = m_grids.size() == 1 ? u"GridData"_s : u"GridData%1"_s.arg(index);
     auto* view = new GridView(grid, name, caption);
-    view->SetCorner(u"Dati"_s);
+    new CornerLabel(u"Dati"_s, view);
     m_grids[index] = view;
     m_commands.AddGrid(view);
     m_descriptions.Describe(view, m_document.Context().define.DescGrid);
@@ -118,6 +119,15 @@ GridView* WindowPages::MakeGridView(std::size_t index, const QString& caption)
         m_commands.Run([&] { DropBlock(*view, grid.Edits(), from, row, col, m_document.Context()); });
     });
     return view;
+}
+
+QGroupBox* WindowPages::TableFrame(const QString& name, const QString& title, QLatin1StringView control)
+{
+    QGroupBox* box = WindowFields::FrameBox(name, title);
+    m_descriptions.Describe(box, m_document.Context().define.DescResults);
+    auto* layout = new QVBoxLayout(box);
+    layout->addWidget(m_fields.TableView(control));
+    return box;
 }
 
 QGroupBox* WindowPages::ResultBox(const QString& name, QGridLayout*& layout)

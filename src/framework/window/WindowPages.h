@@ -40,6 +40,8 @@ public:
     /// A frame with a grid of the document.
     QGroupBox* GridFrame(const QString& name, const QString& title, std::size_t grid = 0);
     GridView* Grid(std::size_t index) const { return m_grids[index]; }
+    /// A frame with a table of the document.
+    QGroupBox* TableFrame(const QString& name, const QString& title, QLatin1StringView control);
     /// The frame of the results, with an empty grid layout.
     QGroupBox* ResultBox(const QString& name, QGridLayout*& layout);
 
