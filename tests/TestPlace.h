@@ -64,6 +64,8 @@ public:
         QString text;
     };
 
+    void Beep() override { ++m_beeps; }
+    int Beeps() const { return m_beeps; }
     void WillAnswer(Answer answer) { m_answers.append(answer); }
     const QList<Shown>& All() const { return m_shown; }
     /// The text of the only message since the last call, or a note that tells the count.
@@ -90,6 +92,7 @@ public:
 private:
     QList<Answer> m_answers;
     QList<Shown> m_shown;
+    int m_beeps = 0;
 };
 
 /// No table: asking for it fails as a missing database does.

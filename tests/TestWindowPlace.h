@@ -47,7 +47,12 @@ struct TestWindowPlace {
             qFatal("no %s", name);
         return found;
     }
-    GridView* GridWidget() { return Find<GridView>("GridData"); }
+    /// The only grid, or the first of several.
+    GridView* GridWidget()
+    {
+        auto* only = window->template findChild<GridView*>(QStringLiteral("GridData"));
+        return only != nullptr ? only : Find<GridView>("GridData0");
+    }
     QTabWidget* Tabs() { return window->template findChild<QTabWidget*>(); }
     QStringList TabTexts()
     {

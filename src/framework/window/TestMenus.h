@@ -18,6 +18,7 @@ enum class Grey {
     NoText = 4,    ///< the clipboard is empty
 };
 Q_DECLARE_FLAGS(Greys, Grey)
+Q_DECLARE_OPERATORS_FOR_FLAGS(Greys)
 
 Greys GreyReasons(const QAction* action);
 void SetGrey(QAction* action, Grey reason, bool grey);

@@ -264,6 +264,57 @@ private Q_SLOTS:
         QVERIFY(!grid.Edits().Redo());
     }
 
+    void HeadersThatAreData()
+    {
+        DataGrid grid(u","_s);
+        FillWithPlaces(grid, 3, 2);
+        QVERIFY(!grid.Edits().TypeHeader(0, u"5"_s)); // not in this grid
+        grid.Edits().SetHeadersEditable(true);
+        QSignalSpy told(&grid, &QAbstractItemModel::headerDataChanged);
+        QVERIFY(grid.setHeaderData(0, Qt::Horizontal, u"5,0"_s));
+        QCOMPARE(grid.ColumnHeader(0), u"5"_s);
+        QVERIFY(grid.Edits().ChangeMade());
+        QVERIFY(!grid.Edits().TypeHeader(1, u"-1"_s) && !grid.Edits().TypeHeader(2, u"1"_s));
+        QCOMPARE(grid.Edits().PasteHeaders(0, u"7\n8\n9"_s),
+                 (PasteCount{.taken = 2, .refused = 0, .outside = 1}));
+        QCOMPARE(grid.Edits().PasteHeaders(0, u"x\t6\n1\t1"_s),
+                 (PasteCount{.taken = 1, .refused = 1, .outside = 0}));
+        QCOMPARE(grid.Cells().headers, QStringList({u"7"_s, u"6"_s}));
+        QCOMPARE(told.size(), 3);
+        // The headers stand in the one history with the cells.
+        QVERIFY(grid.Edits().TypeText(0, 0, u"3"_s));
+        QCOMPARE(grid.Edits().Undo()->part, GridChange::Part::Cells);
+        QCOMPARE(grid.Edits().Undo()->block, (GridBlock{.row = 0, .col = 1, .rows = 1, .cols = 1}));
+        QCOMPARE(grid.Cells().headers, QStringList({u"7"_s, u"8"_s}));
+        grid.Edits().Undo();
+        QCOMPARE(grid.Edits().Redo()->part, GridChange::Part::Headers);
+        QCOMPARE(grid.Cells().headers, QStringList({u"7"_s, u"8"_s}));
+    }
+
+    void SizeIsAStep()
+    {
+        DataGrid grid(u","_s);
+        FillWithPlaces(grid, 3, 2);
+        QAbstractItemModelTester tester(&grid, QAbstractItemModelTester::FailureReportingMode::QtTest);
+        grid.SetLocked(2, 1, true);
+        grid.SetColumnHeader(1, u"B"_s);
+        QVERIFY(grid.Edits().TypeText(2, 0, u"9"_s));
+        const QSignalSpy reset(&grid, &QAbstractItemModel::modelReset);
+        GridCells smaller = grid.Cells().Resized(1, 1);
+        smaller.headers[0] = u"A"_s;
+        grid.Edits().ChangeSize(smaller);
+        QCOMPARE(reset.size(), 1);
+        QCOMPARE(grid.Rows() * 10 + grid.Cols(), 11);
+        QCOMPARE(grid.Edits().Undo()->part, GridChange::Part::Size);
+        QCOMPARE(grid.Edits().BlockText({.row = 0, .col = 0, .rows = 3, .cols = 2}), u"0\t1\n2\t3\n9\t5"_s);
+        QVERIFY(grid.IsLocked(2, 1) && grid.ColumnHeader(1) == u"B"_s);
+        QCOMPARE(grid.Edits().Undo()->part, GridChange::Part::Cells);
+        QCOMPARE(grid.Text(2, 0), u"4"_s);
+        grid.Edits().Redo();
+        grid.Edits().Redo();
+        QCOMPARE(grid.ColumnHeader(0), u"A"_s);
+    }
+
     void LargestText()
     {
         DataGrid grid(u","_s);

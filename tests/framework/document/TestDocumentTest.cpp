@@ -1,0 +1,226 @@
+// What the tables of a document's shape bring about, in a document that has all of them: grids in the plural,
+// fields by name, sizes with two ends, options, file lines, tables, values, charts, and the JSON of it all.
+#include "TestPlace.h"
+#include "batch/JsonOutput.h"
+#include "framework/MadeUpDocument.h"
+
+#include <QSignalSpy>
+#include <QThread>
+
+#include <csignal>
+
+#include <sys/wait.h>
+#include <unistd.h>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+/// The first grid with 1 to 12, row by row.
+void Fill(MadeUpDocument& document)
+{
+    for (int cell = 0; cell < 12; ++cell)
+        document.Grid().SetValue(cell / 3, cell % 3, cell + 1);
+}
+
+/// Whether the routine ends the process by itself.
+template<typename Routine>
+bool Aborts(const Routine& routine)
+{
+    const pid_t child = ::fork();
+    if (child == 0) {
+        qInstallMessageHandler(nullptr); // that of the test would tell of a failure
+        std::signal(SIGABRT, SIG_DFL);
+        ::close(STDERR_FILENO);
+        routine();
+        ::_exit(0);
+    }
+    int status = 0;
+    ::waitpid(child, &status, 0);
+    return WIFSIGNALED(status) && WTERMSIG(status) == SIGABRT;
+}
+
+} // namespace
+
+class TestDocumentTest : public QObject, private DocumentTest<MadeUpDocument>
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() { Begin(u"file.TAR"_s); }
+
+    void GridsGoWithTheirDocument()
+    {
+        QCOMPARE(m_document->Grids().size(), std::size_t{3});
+        QThread other;
+        m_document->moveToThread(&other);
+        for (const DataGrid* grid : m_document->Grids())
+            QCOMPARE(grid->thread(), &other);
+        QVERIFY(m_document->Table("GridMedieSerie")->thread() == &other);
+    }
+
+    void FlagsOfAllGridsOrOfTheFirst()
+    {
+        QVERIFY(m_document->Grid(2).Edits().TypeText(0, 0, u"5"_s));
+        QVERIFY(m_document->ChangeMade());
+        QVERIFY(!m_document->ChangeMade(TestDocument::Which::FirstGrid));
+        m_document->ClearFlags();
+        QVERIFY(!m_document->ChangeMade());
+    }
+
+    void UnknownNamesEndTheProgram()
+    {
+        QVERIFY(!Aborts([this] { m_document->ControlText("Somma"); }));
+        QVERIFY(Aborts([this] { m_document->ControlText("Soma"); }));
+    }
+
+    void SizesHaveTwoEnds_data()
+    {
+        QTest::addColumn<QString>("control");
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<bool>("applied");
+        QTest::addColumn<QString>("left"); // what stands there after the focus went
+        QTest::addRow("inside") << u"Dimensioni0"_s << u"15"_s << true << u"15"_s;
+        QTest::addRow("above, refused: the rows") << u"Dimensioni0"_s << u"16"_s << false << u"4"_s;
+        QTest::addRow("below, refused: the rows") << u"Dimensioni0"_s << u"2"_s << false << u"4"_s;
+        QTest::addRow("above, not refused") << u"Dimensioni1"_s << u"41"_s << false << u"41"_s;
+        QTest::addRow("below, refused: the default") << u"Dimensioni1"_s << u""_s << false << u"4"_s;
+    }
+
+    void SizesHaveTwoEnds()
+    {
+        QFETCH(QString, control);
+        QFETCH(QString, text);
+        QFETCH(bool, applied);
+        QFETCH(QString, left);
+        const QByteArray name = control.toLatin1();
+        m_document->TypeSize(QLatin1StringView(name), text);
+        QCOMPARE(m_document->IsModify(), applied);
+        QCOMPARE(m_document->LeaveSize(QLatin1StringView(name)), text == left);
+        QCOMPARE(m_document->ControlText(control), left);
+        const bool refused = text != left;
+        QCOMPARE(m_place->messages.Beeps(), refused && control == u"Dimensioni0"_s ? 1 : 0);
+        if (applied || refused)
+            QCOMPARE(m_document->ControlText("nDatiTot"),
+                     QString::number(m_document->Grid(2).Rows() * m_document->Grid(2).Cols()));
+        QCOMPARE(m_document->Shape().sizes[1].MinimumCaption(), u"(min. 3)"_s);
+    }
+
+    void OptionsAndWhatFollowsThem()
+    {
+        const QSignalSpy changed(m_document.get(), &TestDocument::Changed);
+        m_document->ChooseOption(3);
+        QCOMPARE(changed.size(), 1);
+        QCOMPARE(m_document->ControlText("LabelLivelli"), u"3 Livelli"_s);
+        QVERIFY(m_document->ControlVisible("Esito"));
+        m_document->Renew();
+        QVERIFY(m_document->Option() == 1 && !m_document->ControlVisible("Esito"));
+    }
+
+    /// A file of every kind of line reads back what it was written from, and in the older kind has other
+    /// digits.
+    void FileOfAllKindsOfLines()
+    {
+        m_place->define.DecSep = u","_s;
+        m_document = MakeDocument<MadeUpDocument>(m_place->Context());
+        m_document->TypeInputData(TestDocument::kUnitInput, u"µg"_s);
+        m_document->ChooseOption(3);
+        Fill(*m_document);
+        QVERIFY(m_document->Grid().Edits().TypeHeader(1, u"2,5"_s));
+        m_document->Grid(2).SetValue(3, 2, std::nullopt);
+        const QByteArray bytes = m_document->FileBytes();
+        QCOMPARE(bytes,
+                 "Quorel for Windows\r\n5\r\n2\r\n4\r\n\r\n\r\n\xb5g\r\n\r\n0\r\n4\r\n3\r\n12\r\n\r\n3\r\n"
+                 "1.00\r\n2.50\r\n3.00\r\n"
+                 " 1,1.00,2.00,3.00\r\n2,4.00,5.00,6.00\r\n3,7.00,8.00,9.00\r\n4,10.00,11.00,12.00\r\n"
+                 " 1,0.00,0.00,0.00\r\n2,0.00,0.00,0.00\r\n3,0.00,0.00,0.00\r\n4,0.00,0.00,0.00\r\n"
+                 " 1,0.00,0.00,0.00\r\n2,0.00,0.00,0.00\r\n3,0.00,0.00,0.00\r\n4,0.00,0.00,NIL      \r\n");
+        m_document->Renew();
+        QVERIFY(WriteBytes(m_file, bytes));
+        m_document->ReadFromFile(m_file);
+        QCOMPARE(m_document->FileBytes(), bytes);
+        QCOMPARE(m_document->Option(), std::optional(3));
+
+        QVERIFY(WriteBytes(
+            m_file, QByteArray(bytes).remove(0, 26).replace("\r\n4\r\n3\r\n", "\r\n4 righe\r\n 3.0\r\n")));
+        m_document->ReadFromFile(m_file);
+        QCOMPARE(m_document->Grid(1).GetDigits(), (Digits{3, 1}));
+        QCOMPARE(m_document->ControlText("Dimensioni1") + m_document->ControlText("Dimensioni0"), u"43"_s);
+        QCOMPARE(m_document->HowRead(), FileRead::Whole);
+    }
+
+    void ChartsAreMadeWhenAsked()
+    {
+        QVERIFY(m_document->ShownCharts()[1].IsEmpty());
+        m_document->TypeInputData(0, u"HPLC"_s);
+        Fill(*m_document);
+        const int before = m_document->ChartState();
+        QCOMPARE(m_document->Calc(), CalcEnd::Done);
+        QVERIFY(m_document->ChartState() != before);
+        m_document->TypeInputData(0, u"GC"_s); // the footnote keeps the text of the calculation
+        const ChartData italian = m_document->ShownCharts()[1];
+        QCOMPARE(italian.name + u'|' + italian.title, u"VtGrafProp|Regressione"_s);
+        QVERIFY(italian.footnote.startsWith(u"Metodo analitico: HPLC\r\n"_s));
+        QCOMPARE(m_document->Chart(0, Language::English).title, u"Linearity"_s);
+        m_document->SetLanGraf(Language::English);
+        const ChartData english = m_document->ShownCharts()[0];
+        QCOMPARE(english.title, u"Linearity"_s);
+        QVERIFY(english.footnote.startsWith(u"Analytical method: GC\r\n"_s));
+        m_document->ResetDocument();
+        QVERIFY(m_document->ShownCharts()[0].IsEmpty());
+    }
+
+    void EndsOfACalculation()
+    {
+        QCOMPARE(m_document->Calc(), CalcEnd::SumIsZero);
+        m_document->Grid().SetValue(0, 0, -1);
+        QCOMPARE(m_document->Calc(), CalcEnd::Refused);
+        QCOMPARE(m_place->messages.TakeOnly(), u"somma\nnegativa"_s);
+        QCOMPARE(m_document->ControlText("Esito"), u"NONE"_s);
+        QCOMPARE(m_document->Table("SprLinearita")->Rows()[2], QStringList({u"Totali"_s, u"0"_s, QString()}));
+    }
+
+    void Json_data()
+    {
+        QTest::addColumn<bool>("calculated");
+        QTest::addColumn<QByteArray>("results");
+        QTest::addRow("without results")
+            << false
+            << QByteArray(
+                   R"("results":{"Somma":"0.00","Esito":"NONE","LabelStima":false},)"
+                   R"("table":[["Variazione","Devianza","GdL"],["Regressione","0","0"],["Totali","0",""]],)"
+                   R"("means":[],"cConcl":"","conclusions":{"it":[""],"en":[""]},"verdict":null,"values":{})");
+        QTest::addRow("calculated")
+            << true
+            << QByteArray(
+                   R"("results":{"Somma":"78.00","Esito":"bene","LabelStima":true},)"
+                   R"("table":[["Variazione","Devianza","GdL"],["Regressione","78.00","1"],["Totali","156.00",""]],)"
+                   R"("means":[["1","78.00"],["2","0.00"]],"cConcl":"somma 78.00",)"
+                   R"("conclusions":{"it":["somma 78.00"],"en":["sum 78.00"]},"verdict":null,)"
+                   R"("values":{"sum":78,"significant":true,"levels":[78,null]})");
+    }
+
+    void Json()
+    {
+        QFETCH(bool, calculated);
+        QFETCH(QByteArray, results);
+        Fill(*m_document);
+        LoadOutcome outcome;
+        if (calculated)
+            outcome.end = m_document->Calc();
+        const QByteArray json = JsonLine({u"a.TAR"_s, *m_document, outcome, {}}, false);
+        const QByteArray zeros = R"([["0.00","0.00","0.00"],["0.00","0.00","0.00"],)"
+                                 R"(["0.00","0.00","0.00"],["0.00","0.00","0.00"]])";
+        QCOMPARE(
+            json,
+            R"({"file":"a.TAR","key":"TARA","read":"complete","interi":5,"decimali":2,"aInputData":["","","",""],)"
+            R"("size":{"Dimensioni":["3","4"],"nDatiTot":"12"},"option":1,"headers":["1.00","2.00","3.00"],)"
+            R"("grids":[[["1.00","2.00","3.00"],["4.00","5.00","6.00"],["7.00","8.00","9.00"],)"
+            R"(["10.00","11.00","12.00"]],)" +
+                zeros + ',' + zeros + "]," + results + R"(,"messages":[],"failure":null})" + '\n');
+    }
+};
+
+QTEST_GUILESS_MAIN(TestDocumentTest)
+#include "TestDocumentTest.moc"

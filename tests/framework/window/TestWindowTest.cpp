@@ -1,0 +1,218 @@
+// What every test window can be made of, in a window over a document that has all of it: several grids and
+// the caret's walk, events that fail, added commands, options, tables, two charts on a page.
+#include "framework/window/TestWindow.h"
+#include "TestWindowPlace.h"
+#include "framework/MadeUpDocument.h"
+#include "framework/window/ChartView.h"
+#include "framework/window/CornerLabel.h"
+#include "framework/window/TestMenus.h"
+
+#include <QClipboard>
+#include <QRadioButton>
+#include <QTableView>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+class MadeUpWindow : public TestWindow
+{
+public:
+    MadeUpWindow(std::unique_ptr<TestDocument> document, Frame& frame)
+        : TestWindow(std::move(document), frame)
+    {
+        Pages().AddInfoPage(u"LblData"_s, u"Frame1"_s);
+        QGridLayout* layout = nullptr;
+        QGroupBox* results = Pages().ResultBox(u"Frame2"_s, layout);
+        Fields().AddOptions(layout, 2);
+        Fields().AddResults(layout, {{u"Label1"_s, {"Somma"_L1}}, {u"Label2"_s, {"Esito"_L1}}});
+        layout->addWidget(Fields().FieldLabel("LabelStima"_L1), layout->rowCount(), 0);
+        Pages().AddDataPage({Pages().SizeFrame(u"Frame3"_s, u"Dimensioni"_s,
+                                               {{"Dimensioni0"_L1, u"Label3"_s, u"Label4"_s},
+                                                {"Dimensioni1"_L1, u"Label5"_s, u"Label6"_s}}),
+                             Pages().GridFrame(u"Frame4"_s, u"Superiore"_s, 0),
+                             Pages().GridFrame(u"Frame5"_s, u"Centrale"_s, 1),
+                             Pages().GridFrame(u"Frame6"_s, u"Inferiore"_s, 2)},
+                            {results, Pages().TableFrame(u"Frame7"_s, u"Varianza"_s, "SprLinearita"_L1)});
+        Pages().AddChartPage(u"Grafici"_s);
+        for (std::size_t i = 0; i < 3; ++i)
+            Pages().Grid(i)->SetWalk(2, Pages().Grid((i + 2) % 3), Pages().Grid((i + 1) % 3));
+        Commands().Add({u"StrumentiConcentrazioni"_s, [this] { ++concentrations; }});
+    }
+
+    int concentrations = 0;
+};
+
+} // namespace
+
+class TestWindowTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init()
+    {
+        FailOnWarnings();
+        m_open = std::make_unique<TestWindowPlace<MadeUpWindow, MadeUpDocument>>();
+        m_open->ShowData();
+    }
+
+    void CaretWalksFromGridToGrid()
+    {
+        Go(0, 3, 0);
+        QTest::keyClick(Grid(0), Qt::Key_Return);
+        QCOMPARE(At(), u"0: 0,1"_s);
+        Go(0, 3, 1);
+        QTest::keyClick(Grid(0), Qt::Key_Tab);
+        QCOMPARE(At(), u"1: 0,0"_s);
+        Go(0, 0, 0);
+        QTest::keyClick(Grid(0), Qt::Key_Backtab, Qt::ShiftModifier);
+        QCOMPARE(At(), u"2: 3,1"_s);
+        Grid(0)->hide(); // where the walk would go on, it ends
+        QTest::keyClick(Grid(2), Qt::Key_Return);
+        QCOMPARE(At(), u"2: 3,1"_s);
+    }
+
+    void DocumentFollowsEachEdit()
+    {
+        Go(1, 0, 0);
+        QApplication::clipboard()->setText(u"6\t2"_s);
+        QTest::keySequence(Grid(1), QKeySequence::Paste);
+        QCOMPARE(Text(1, 0, 2), u"3,00"_s);
+        QVERIFY(m_open->Find<QAction>("Save")->isEnabled());
+        Go(1, 0, 1);
+        QTest::keyClicks(Grid(1), u"4"_s);
+        QTest::keyClick(Editor(1), Qt::Key_Return);
+        QCOMPARE(Text(1, 0, 2), u"1,50"_s);
+        QTest::keySequence(Grid(1), QKeySequence::Undo);
+        QCOMPARE(Text(1, 0, 2), u"3,00"_s);
+    }
+
+    void EditThatFailsEndsTheProgramAsTheFileMenuDoes()
+    {
+        Go(2, 1, 0);
+        QTest::keyClicks(Grid(2), u"7"_s);
+        QTest::keyClick(Editor(2), Qt::Key_Return); // by the 0 beside it
+        QCOMPARE(m_open->place.messages.TakeOnly(), u"Errore di run-time '11': Divisione per zero"_s);
+        QTRY_COMPARE(m_open->frame.ended, 1);
+        QCOMPARE(Text(2, 1, 0), u"7,00"_s);
+    }
+
+    void CommandsOfATest()
+    {
+        auto* item = m_open->Find<QAction>("StrumentiConcentrazioni");
+        item->trigger();
+        QCOMPARE(m_open->window->concentrations, 1);
+        Go(0, 0, 0);
+        QTest::keyClicks(Grid(0), u"x"_s);
+        item->trigger(); // refused: what is being typed is no number
+        QCOMPARE(m_open->window->concentrations, 1);
+        QTest::keyClick(Editor(0), Qt::Key_Escape);
+    }
+
+    void ItemsSayWhyTheyAreGrey()
+    {
+        const auto reasons = [this](const char* name) { return GreyReasons(m_open->Find<QAction>(name)); };
+        QCOMPARE(reasons("FileSalva"), Greys(Grey::NoData));
+        QCOMPARE(reasons("FileStampa"), Grey::NoData | Grey::NoCommand);
+        QCOMPARE(reasons("HelpGuida"), Greys(Grey::NoCommand));
+        QCOMPARE(reasons("FileNuovo"), Greys());
+        m_open->Type(0, u"1"_s);
+        QCOMPARE(reasons("FileSalva"), Greys());
+        QCOMPARE(reasons("FileStampa"), Greys(Grey::NoCommand));
+        QVERIFY(m_open->Find<QAction>("FileSalva")->isEnabled() &&
+                !m_open->Find<QAction>("Print")->isEnabled());
+    }
+
+    void OptionsOneOrNone()
+    {
+        const auto checked = [this] {
+            QStringList names;
+            for (const auto* button : m_open->window->findChildren<QRadioButton*>()) {
+                if (button->isChecked())
+                    names += button->objectName();
+            }
+            return names.join(u' ');
+        };
+        QCOMPARE(checked(), u"Option1"_s);
+        QVERIFY(m_open->Find<QRadioButton>("Option2")->isHidden());
+        QVERIFY(m_open->Find<QLabel>("Esito")->isHidden());
+        QTest::mouseClick(m_open->Find<QRadioButton>("Option3"), Qt::LeftButton, {}, QPoint(8, 8));
+        QCOMPARE(checked(), u"Option3"_s);
+        QVERIFY(!m_open->Find<QLabel>("Esito")->isHidden());
+        const QTemporaryDir folder;
+        const QByteArray bytes = m_open->window->Document().FileBytes();
+        QVERIFY(WriteBytes(folder.filePath(u"a.TAR"_s),
+                           QByteArray(bytes).replace("\r\n\r\n3\r\n1.00", "\r\n\r\n?\r\n1.00")));
+        m_open->TriggerWithFile("FileApri", folder.filePath(u"a.TAR"_s));
+        QCOMPARE(checked(), QString());
+    }
+
+    void TablesSizesAndNotices()
+    {
+        const auto* table = m_open->Find<QTableView>("SprLinearita");
+        QCOMPARE(table->findChild<CornerLabel*>()->text(), u"Variazione"_s);
+        QCOMPARE(table->model()->headerData(1, Qt::Vertical).toString(), u"Totali"_s);
+        QCOMPARE(m_open->Find<QLabel>("Label4")->text() + m_open->Find<QLabel>("Label6")->text(),
+                 u"(min. 3)(min. 3)"_s);
+        QVERIFY(m_open->Find<QLabel>("LabelStima")->isHidden());
+        m_open->window->Document().Grid().SetValue(0, 0, 5);
+        m_open->Type(0, u"5"_s, 1);
+        m_open->Trigger("StrumentiCalcola");
+        QVERIFY(!m_open->Find<QLabel>("LabelStima")->isHidden());
+        QCOMPARE(table->model()->index(0, 0).data().toString(), u"11,00"_s);
+        QCOMPARE(m_open->Find<QLabel>("Somma")->toolTip(), u"11,00"_s);
+    }
+
+    void OneOfTwoChartsTakesThePage()
+    {
+        m_open->Tabs()->setCurrentIndex(2);
+        auto* regression = m_open->Find<ChartView>("VtGrafRegr");
+        auto* proportion = m_open->Find<ChartView>("VtGrafProp");
+        QVERIFY(std::abs(regression->width() - proportion->width()) <= 1);
+        QTest::keyClick(proportion, Qt::Key_Return);
+        QVERIFY(regression->isHidden() && !proportion->isHidden());
+        QTest::mouseDClick(proportion, Qt::LeftButton); // shows all of the chart, and nothing else
+        QVERIFY(regression->isHidden());
+        QTest::mouseDClick(proportion, Qt::LeftButton, Qt::ControlModifier);
+        QVERIFY(!regression->isHidden() && !proportion->isHidden());
+    }
+
+    void PagesGoBeforeTheirDocument()
+    {
+        QStringList gone;
+        connect(Grid(0), &QObject::destroyed, this, [&gone] { gone += u"view"_s; });
+        connect(&m_open->window->Document(), &QObject::destroyed, this, [&gone] { gone += u"document"_s; });
+        m_open->window.reset();
+        QCOMPARE(gone, QStringList({u"view"_s, u"document"_s}));
+    }
+
+private:
+    GridView* Grid(int index) { return m_open->window->findChild<GridView*>(u"GridData%1"_s.arg(index)); }
+    QLineEdit* Editor(int index) { return Grid(index)->viewport()->findChild<QLineEdit*>(); }
+    QString Text(int grid, int row, int col)
+    {
+        return Grid(grid)->model()->index(row, col).data().toString();
+    }
+    void Go(int grid, int row, int col)
+    {
+        Grid(grid)->setFocus();
+        Grid(grid)->setCurrentIndex(Grid(grid)->model()->index(row, col));
+    }
+    /// "grid: row,column" of the caret that has the focus.
+    QString At()
+    {
+        const auto* view = qobject_cast<GridView*>(QApplication::focusWidget());
+        if (view == nullptr)
+            return u"nowhere"_s;
+        return u"%1: %2,%3"_s.arg(view->objectName().back())
+            .arg(view->currentIndex().row())
+            .arg(view->currentIndex().column());
+    }
+
+    std::unique_ptr<TestWindowPlace<MadeUpWindow, MadeUpDocument>> m_open;
+};
+
+QTEST_MAIN(TestWindowTest)
+#include "TestWindowTest.moc"
