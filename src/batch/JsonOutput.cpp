@@ -142,7 +142,7 @@ void WriteChart(JsonWriter& json, const ChartData& chart)
     json.Key("yTitle"_L1);
     json.Text(chart.y.title);
     json.Key("seriesNames"_L1);
-    WriteTextsOrNull(json, chart.seriesNames);
+    WriteTextsOrNull(json, chart.SeriesNames());
     json.Key("rowLabels"_L1);
     WriteTextsOrNull(json, chart.rowLabels);
     json.Key("data"_L1);
