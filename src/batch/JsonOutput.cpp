@@ -148,7 +148,7 @@ void JsonVisitor::Put(const ChartData& chart)
         Member("footnote"_L1, chart.footnote);
         Member("xTitle"_L1, chart.x.title);
         Member("yTitle"_L1, chart.y.title);
-        Member("seriesNames"_L1, AnyTexts(chart.seriesNames));
+        Member("seriesNames"_L1, AnyTexts(chart.SeriesNames()));
         Member("rowLabels"_L1, AnyTexts(chart.rowLabels));
         Member("data"_L1, chart.rows);
     });

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 using namespace Qt::StringLiterals;
 
@@ -20,11 +21,24 @@ QString Short(double value, const ChartScale& span, QStringView decSep)
     return GeneralText(RoundToDecimals(value, std::max(decimals, 0)), decSep);
 }
 
-ChartScale SpanOfColumn(const ChartData& chart, std::size_t col)
+/// What all series span: of 0 along x, of 1 along y.
+ChartScale SpanOf(const ChartData& chart, std::size_t axis)
 {
-    const auto [low, high] = std::ranges::minmax_element(
-        chart.rows, {}, [col](const std::vector<double>& row) { return row[col]; });
-    return {.minimum = (*low)[col], .maximum = (*high)[col]};
+    ChartScale span{.minimum = chart.rows.front()[axis], .maximum = chart.rows.front()[axis]};
+    for (const auto& row : chart.rows) {
+        for (std::size_t col = axis; col < row.size(); col += 2) {
+            span.minimum = std::min(span.minimum, row[col]);
+            span.maximum = std::max(span.maximum, row[col]);
+        }
+    }
+    return span;
+}
+
+/// How far apart two numbers are, as a part of what the axis spans.
+double Distance(double one, double other, const ChartScale& span)
+{
+    const double width = span.maximum - span.minimum;
+    return std::fabs(one - other) / (width > 0 ? width : 1);
 }
 
 QString BarText(const ChartData& chart, std::size_t row, QStringView decSep)
@@ -44,22 +58,54 @@ QString NearestBar(const ChartData& chart, double x, QStringView decSep)
     return BarText(chart, static_cast<std::size_t>(place) - 1, decSep);
 }
 
-QString NearestPoint(const ChartData& chart, double x, QStringView decSep)
+QString NearestPoint(const ChartData& chart, const QPointF& at, QStringView decSep)
 {
-    const auto nearest = std::ranges::min_element(
-        chart.rows, {}, [x](const std::vector<double>& row) { return std::fabs(row[0] - x); });
-    return u"x = %1; y = %2"_s.arg(Short((*nearest)[0], SpanOfColumn(chart, 0), decSep),
-                                   Short((*nearest)[1], SpanOfColumn(chart, 1), decSep));
+    const ChartScale spanX = SpanOf(chart, 0);
+    const ChartScale spanY = SpanOf(chart, 1);
+    const bool alongX = chart.SeriesCount() == 1 && !chart.Series(0).marks;
+    double least = std::numeric_limits<double>::infinity();
+    QPointF nearest;
+    QString name;
+    for (std::size_t i = 0; i < chart.SeriesCount(); ++i) {
+        for (const auto& row : chart.rows) {
+            const QPointF point(row[2 * i], row[2 * i + 1]);
+            const double distance = std::hypot(Distance(point.x(), at.x(), spanX),
+                                               alongX ? 0 : Distance(point.y(), at.y(), spanY));
+            if (distance < least) {
+                least = distance;
+                nearest = point;
+                name = chart.Series(i).name;
+            }
+        }
+    }
+    const QString values =
+        u"x = %1; y = %2"_s.arg(Short(nearest.x(), spanX, decSep), Short(nearest.y(), spanY, decSep));
+    return name.isEmpty() ? values : name + u": "_s + values;
+}
+
+QString AxisText(const QString& title, const ChartScale& scale, QStringView decSep)
+{
+    return u"%1: da %2 a %3"_s.arg(title, Short(scale.minimum, scale, decSep),
+                                   Short(scale.maximum, scale, decSep));
 }
 
 } // namespace
+
+QStringList ChartData::SeriesNames() const
+{
+    QStringList names;
+    for (const ChartSeries& each : series)
+        names += each.name;
+    const bool any = std::ranges::any_of(names, [](const QString& each) { return !each.isEmpty(); });
+    return any ? names : QStringList();
+}
 
 QString ChartValueText(const ChartData& chart, const QPointF& at, QStringView decSep)
 {
     if (chart.IsEmpty())
         return {};
     return chart.type == ChartType::HighLow ? NearestBar(chart, at.x(), decSep)
-                                            : NearestPoint(chart, at.x(), decSep);
+                                            : NearestPoint(chart, at, decSep);
 }
 
 QString ChartDescription(const ChartData& chart, QStringView decSep)
@@ -71,8 +117,13 @@ QString ChartDescription(const ChartData& chart, QStringView decSep)
         for (std::size_t row = 0; row < chart.rows.size(); ++row)
             parts += BarText(chart, row, decSep);
     } else if (chart.x.scale) {
-        parts += u"%1: da %2 a %3"_s.arg(chart.x.title, Short(chart.x.scale->minimum, *chart.x.scale, decSep),
-                                         Short(chart.x.scale->maximum, *chart.x.scale, decSep));
+        parts += AxisText(chart.x.title, *chart.x.scale, decSep);
+    } else if (!chart.series.empty()) {
+        parts += AxisText(chart.x.title, SpanOf(chart, 0), decSep);
     }
+    QStringList names = chart.SeriesNames();
+    names.removeAll(QString());
+    if (!names.isEmpty())
+        parts += u"serie: "_s + names.join(u", "_s);
     return parts.join(u"; "_s);
 }

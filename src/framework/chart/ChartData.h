@@ -11,7 +11,7 @@
 #include <vector>
 
 enum class ChartType {
-    XY,     ///< columns in pairs, x and y of one series each
+    XY,     ///< columns in pairs: pair i has x and y of series i
     HighLow ///< a row is a bar: highest, lowest, and the mark between them
 };
 
@@ -29,6 +29,15 @@ struct ChartAxis {
     bool visible = true;
 };
 
+/// How the points of one pair of columns are drawn.
+struct ChartSeries {
+    QString name = {};
+    bool line = true;    ///< joins the points, in the order of the rows
+    bool marks = false;  ///< a mark at each point
+    int colourGroup = 0; ///< so many rows one below the other share form and colour of their marks; 0: all
+    bool fitted = false; ///< the least squares line through the points of all rows, over the span of their x
+};
+
 struct ChartData {
     QString name; ///< "VtGrafPrec"
     ChartType type = ChartType::XY;
@@ -36,21 +45,24 @@ struct ChartData {
     QString footnote; ///< lines parted by CR LF
     ChartAxis x;
     ChartAxis y;
-    bool legend = false;
-    QStringList seriesNames; ///< where the chart names its series
-    QStringList rowLabels;   ///< one a row, in high-low charts
+    bool legend = false;             ///< names the series
+    std::vector<ChartSeries> series; ///< one a pair; empty: each is a line without a name
+    QStringList rowLabels;           ///< one a row, in high-low charts
     std::vector<std::vector<double>> rows;
 
     bool IsEmpty() const { return rows.empty(); }
-    /// Everything but the name goes.
-    void Clear() { *this = ChartData(name); }
+    /// The pairs of an XY chart.
+    std::size_t SeriesCount() const { return IsEmpty() ? 0 : rows.front().size() / 2; }
+    ChartSeries Series(std::size_t i) const { return i < series.size() ? series[i] : ChartSeries(); }
+    /// The names of all series, or nothing where none has one.
+    QStringList SeriesNames() const;
 
     ChartData() = default;
     explicit ChartData(QString chartName) : name(std::move(chartName)) {}
 };
 
-/// What stands at a point of the chart, in words: the nearest point of a curve, or a bar's numbers. Empty
-/// where nothing is near. at: in the unit of the axes.
+/// What stands at a point of the chart, in words: the nearest point of all series, or a bar's numbers. Empty
+/// where nothing is near. at: in the unit of the axes. A curve that stands alone is read along x.
 QString ChartValueText(const ChartData& chart, const QPointF& at, QStringView decSep);
 
 /// What the chart shows, for those who don't see it.

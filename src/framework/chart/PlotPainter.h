@@ -25,15 +25,10 @@ public:
     std::optional<QPointF> ValuesAt(const QPointF& at) const override;
 
 private:
-    bool HasExtent() const;
-    ChartScale SpanOf(std::size_t firstCol, std::size_t step) const;
-    void AddCurves();
-    void AddBars();
     void ShowAxis(QCPAxis* axis, const ChartAxis& data) const;
-    void ShowRoundTicks(QCPAxis* axis) const;
-    void ShowDivisions(QCPAxis* axis, int count) const;
-    void ShowGroups();
-    void SetRange(QCPAxis* axis, const ChartScale& scale, int majorDivisions) const;
+    /// Below the axes, or nowhere.
+    void PlaceLegend(bool shown);
+    void FitLegend(int width);
     void FitFootnote(int width);
     void PaintOn(QPaintDevice& device, const QSize& size, bool vectors);
     QByteArray ExportPdf(const QSize& size);

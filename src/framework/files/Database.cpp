@@ -133,23 +133,24 @@ void WriteCompany(const QString& dbFile, const Company& company)
 
 DatabaseFTable::DatabaseFTable(QString dbFile) : m_dbFile(std::move(dbFile)) {}
 
-void DatabaseFTable::Read()
+DatabaseFTable::Values DatabaseFTable::Read() const
 {
     const Connection connection(m_dbFile, Connection::Access::Read);
     QSqlQuery query = connection.Query();
     RunQuestion(query, u"SELECT GDL_1, GDL_2, VAL_F FROM TabF"_s);
+    Values values;
     while (query.next()) {
         const std::pair key(query.value(0).toInt(), query.value(1).toInt());
-        m_values.try_emplace(key, query.value(2).toDouble()); // the first row of a pair counts
+        values.try_emplace(key, query.value(2).toDouble()); // the first row of a pair counts
     }
-    m_read = true;
+    if (query.lastError().isValid()) // the rows ended too early
+        FailStatement(FailureKind::DatabaseNotOpen, query.lastError());
+    return values;
 }
 
 std::optional<double> DatabaseFTable::Find(std::int16_t gdl1, std::int16_t gdl2)
 {
-    const std::scoped_lock lock(m_mutex);
-    if (!m_read)
-        Read();
+    std::call_once(m_read, [this] { m_values = Read(); }); // a reading that fails does not count
     const auto found = m_values.find({gdl1, gdl2});
     return found == m_values.end() ? std::nullopt : std::optional(found->second);
 }

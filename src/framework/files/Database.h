@@ -47,10 +47,10 @@ public:
     std::optional<double> Find(std::int16_t gdl1, std::int16_t gdl2) override;
 
 private:
-    void Read();
+    using Values = std::map<std::pair<int, int>, double>;
+    Values Read() const;
 
     QString m_dbFile;
-    std::mutex m_mutex;
-    bool m_read = false;
-    std::map<std::pair<int, int>, double> m_values;
+    std::once_flag m_read;
+    Values m_values; ///< nothing changes them once they were read
 };

@@ -6,6 +6,8 @@
 #include <QSqlQuery>
 #include <QTemporaryDir>
 
+#include <future>
+
 using namespace Qt::StringLiterals;
 
 class DatabaseTest : public QObject
@@ -67,6 +69,36 @@ private Q_SLOTS:
         VERIFY_FAILS(ValoreF(1, 5, other), FailureKind::DatabaseNotOpen);
         QVERIFY(file.resize(0)); // an empty file is a database without tables
         VERIFY_FAILS(ValoreF(1, 5, other), FailureKind::TableNotFound);
+        QVERIFY(file.remove() && QFile::copy(QStringLiteral(QUOREL_TEST_DATABASE), file.fileName()));
+        QVERIFY(other.Find(1, 5)); // tried again each time
+    }
+
+    /// A table that ends in the middle is not taken for the whole.
+    void DamagedFileFails()
+    {
+        const QTemporaryDir folder;
+        QFile file(folder.filePath(u"damaged.MDB"_s));
+        QVERIFY(QFile::copy(QStringLiteral(QUOREL_TEST_DATABASE), file.fileName()));
+        QVERIFY(file.open(QIODevice::ReadWrite));
+        const QByteArray zeros(file.size() / 4, '\0');
+        QVERIFY(file.seek(file.size() - zeros.size()) && file.write(zeros) == zeros.size());
+        file.close();
+        DatabaseFTable table(file.fileName());
+        VERIFY_FAILS(table.Find(1, 5), FailureKind::DatabaseNotOpen);
+    }
+
+    void AskedFromTwoThreads()
+    {
+        DatabaseFTable table(QStringLiteral(QUOREL_TEST_DATABASE));
+        const auto missing = [&table] {
+            int count = 0;
+            for (std::int16_t gdl2 = 1; gdl2 <= 1000; ++gdl2)
+                count += table.Find(1, gdl2) ? 0 : 1;
+            return count;
+        };
+        auto one = std::async(std::launch::async, missing);
+        auto other = std::async(std::launch::async, missing);
+        QCOMPARE(one.get() + other.get(), 0);
     }
 
     void ReadOnceAndKept()

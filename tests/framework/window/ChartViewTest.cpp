@@ -89,31 +89,6 @@ private Q_SLOTS:
         QVERIFY(!texts.contains(u"9"_s) && !texts.contains(u"15"_s));
     }
 
-    /// Where no scale is given all points are seen, and each series has its own dashes and its name.
-    void SeriesWithALegend()
-    {
-        ChartData chart;
-        chart.legend = true;
-        chart.seriesNames = {u"superiore"_s, u"centrale"_s, u"inferiore"_s};
-        chart.rows = {{0, 1, 0, 5, 2, 9}, {100, 2, 100, 6, 200, 8}};
-        const QByteArray svg = Export(chart, ChartFormat::Svg);
-        const QStringList texts = TextsIn(svg);
-        for (const QString& text :
-             {u"superiore"_s, u"centrale"_s, u"inferiore"_s, u"0"_s, u"200"_s, u"2"_s, u"8"_s})
-            QVERIFY2(texts.contains(text), qPrintable(text + u" in "_s + texts.join(u'|')));
-        QSet<QByteArray> dashes;
-        for (const QByteArray& part : svg.split('<')) {
-            for (const char* color : {"#0072b2", "#d55e00", "#009e73"}) {
-                const qsizetype at = part.indexOf("stroke-dasharray=\"");
-                if (part.contains(color))
-                    dashes.insert(at < 0 ? QByteArray() : part.mid(at, part.indexOf('"', at + 18) - at));
-            }
-        }
-        QCOMPARE(dashes.size(), 3);
-        chart.legend = false;
-        QVERIFY(!TextsIn(Export(chart, ChartFormat::Svg)).contains(u"centrale"_s));
-    }
-
     void AChartOfOnePointShowsItsTitleAlone()
     {
         ChartData chart;

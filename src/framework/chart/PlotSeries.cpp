@@ -1,0 +1,224 @@
+#include "framework/chart/PlotSeries.h"
+
+#include <qcustomplot.h>
+
+#include <algorithm>
+#include <array>
+#include <optional>
+
+namespace
+{
+
+constexpr double kLineWidth = 2;
+constexpr double kFitWidth = 1.5;
+constexpr double kMarkWidth = 1.25;
+constexpr double kMarkSize = 8;
+constexpr int kMarkOpacity = 80; ///< of 255: marks that lie on each other are all seen
+
+constexpr double kBarWidth = 0.4;
+/// Above and below what a chart shows, where its scale is free: a tenth of it.
+constexpr double kRoom = 0.1;
+
+/// Series are told apart by dashes, groups of marks by form, bars by patterns; the colours come on top. Each
+/// has a contrast of 3:1 and more on white; colour blind readers can tell the first three apart (Okabe and
+/// Ito).
+struct Look {
+    QRgb color;
+    Qt::PenStyle line;
+    Qt::BrushStyle fill;
+};
+constexpr std::array kLooks = {Look{qRgb(0, 114, 178), Qt::SolidLine, Qt::Dense6Pattern},
+                               Look{qRgb(213, 94, 0), Qt::DashLine, Qt::BDiagPattern},
+                               Look{qRgb(0, 158, 115), Qt::DotLine, Qt::DiagCrossPattern},
+                               Look{qRgb(170, 68, 153), Qt::DashDotLine, Qt::FDiagPattern},
+                               Look{qRgb(64, 64, 64), Qt::DashDotDotLine, Qt::CrossPattern}};
+
+/// As many as have no common divisor with the colours: form and colour together come back late.
+constexpr std::array kForms = {
+    QCPScatterStyle::ssCircle,  QCPScatterStyle::ssSquare,           QCPScatterStyle::ssTriangle,
+    QCPScatterStyle::ssDiamond, QCPScatterStyle::ssTriangleInverted, QCPScatterStyle::ssCross,
+    QCPScatterStyle::ssPlus};
+
+const Look& LookOf(std::size_t index)
+{
+    return kLooks[index % kLooks.size()];
+}
+
+QCPScatterStyle MarkOf(std::size_t index)
+{
+    const QColor color(LookOf(index).color);
+    QColor inside = color;
+    inside.setAlpha(kMarkOpacity);
+    return {kForms[index % kForms.size()], QPen(color, kMarkWidth), QBrush(inside), kMarkSize};
+}
+
+struct Line {
+    QPointF from;
+    QPointF to;
+};
+
+/// The least squares line through the points of pair i, over the span of their x; nothing where that has no
+/// width.
+std::optional<Line> FittedLine(const ChartData& chart, std::size_t i)
+{
+    const auto count = static_cast<double>(chart.rows.size());
+    QPointF mean;
+    for (const auto& row : chart.rows)
+        mean += QPointF(row[2 * i], row[2 * i + 1]) / count;
+    double xx = 0;
+    double xy = 0;
+    double low = mean.x();
+    double high = mean.x();
+    for (const auto& row : chart.rows) {
+        const double x = row[2 * i] - mean.x();
+        xx += x * x;
+        xy += x * (row[2 * i + 1] - mean.y());
+        low = std::min(low, row[2 * i]);
+        high = std::max(high, row[2 * i]);
+    }
+    if (!(xx > 0))
+        return std::nullopt;
+    const auto at = [&](double x) { return QPointF(x, mean.y() + xy / xx * (x - mean.x())); };
+    return Line{at(low), at(high)};
+}
+
+QCPCurve* AddCurve(QCustomPlot& plot, const QList<QPointF>& points)
+{
+    QVector<QCPCurveData> data;
+    data.reserve(points.size());
+    for (const QPointF& point : points)
+        data.append(QCPCurveData(static_cast<double>(data.size()), point.x(), point.y()));
+    auto* curve = new QCPCurve(plot.xAxis, plot.yAxis);
+    curve->data()->set(data, true);
+    curve->setLineStyle(QCPCurve::lsNone);
+    return curve;
+}
+
+QCPCurve* AddLine(QCustomPlot& plot, const QList<QPointF>& points, const QPen& pen)
+{
+    QCPCurve* curve = AddCurve(plot, points);
+    curve->setLineStyle(QCPCurve::lsLine);
+    curve->setPen(pen);
+    return curve;
+}
+
+/// Pair i, as many of its points from `first` on as there are up to `count`.
+QList<QPointF> Points(const ChartData& chart, std::size_t i, std::size_t first, std::size_t count)
+{
+    QList<QPointF> points;
+    for (std::size_t row = first; row < std::min(first + count, chart.rows.size()); ++row)
+        points.append({chart.rows[row][2 * i], chart.rows[row][2 * i + 1]});
+    return points;
+}
+
+/// Adds pair i with the looks from this one on, and gives the count of those that it took. What is added
+/// later lies above.
+std::size_t AddPair(QCustomPlot& plot, const ChartData& chart, std::size_t i, std::size_t look)
+{
+    const ChartSeries series = chart.Series(i);
+    const std::size_t rows = chart.rows.size();
+    const bool grouped = series.marks && series.colourGroup > 0;
+    const std::size_t size = grouped ? static_cast<std::size_t>(series.colourGroup) : rows;
+    const std::size_t groups = (rows + size - 1) / size;
+    const Look& own = LookOf(look);
+    QCPCurve* named = nullptr; // what stands in the legend
+    if (const auto fit = series.fitted ? FittedLine(chart, i) : std::nullopt)
+        named = AddLine(plot, {fit->from, fit->to},
+                        QPen(groups > 1 ? QColor(Qt::black) : QColor(own.color), kFitWidth, own.line));
+    if (series.line)
+        named = AddLine(plot, Points(chart, i, 0, rows), QPen(QColor(own.color), kLineWidth, own.line));
+    for (std::size_t group = 0; series.marks && group < groups; ++group) {
+        // Marks of one look belong to their line, in the legend, too.
+        QCPCurve* marks =
+            series.line && groups == 1 ? named : AddCurve(plot, Points(chart, i, group * size, size));
+        marks->setScatterStyle(MarkOf(look + group));
+        if (group == 0)
+            named = marks;
+    }
+    if (named != nullptr && !series.name.isEmpty()) {
+        named->setName(series.name);
+        named->addToLegend();
+    }
+    return groups;
+}
+
+/// A bar from the lowest to the highest number, and a line at the mean.
+void AddBar(QCustomPlot& plot, const ChartData& chart, std::size_t i)
+{
+    const auto& row = chart.rows[i];
+    const double place = static_cast<double>(i) + 1;
+    auto* bar = new QCPBars(plot.xAxis, plot.yAxis);
+    bar->setWidth(kBarWidth);
+    bar->setBaseValue(row[1]);
+    bar->addData(place, row[0] - row[1]);
+    bar->setName(chart.rowLabels.value(static_cast<qsizetype>(i)));
+    bar->setPen(QPen(QColor(LookOf(i).color), 1.5));
+    bar->setBrush(QBrush(QColor(LookOf(i).color), LookOf(i).fill));
+    bar->addToLegend();
+    AddLine(plot, {{place - kBarWidth / 2, row[2]}, {place + kBarWidth / 2, row[2]}}, QPen(Qt::black, 2.5));
+}
+
+/// Grows to all that it is told of.
+struct Span {
+    std::optional<ChartScale> seen;
+
+    void Add(double value)
+    {
+        if (!seen)
+            seen = ChartScale{.minimum = value, .maximum = value};
+        seen->minimum = std::min(seen->minimum, value);
+        seen->maximum = std::max(seen->maximum, value);
+    }
+    ChartScale WithRoom() const
+    {
+        const ChartScale span = seen.value_or(ChartScale());
+        const double room = (span.maximum - span.minimum) * kRoom;
+        return {.minimum = span.minimum - room, .maximum = span.maximum + room};
+    }
+};
+
+} // namespace
+
+bool HasExtent(const ChartData& chart)
+{
+    if (chart.IsEmpty() || chart.type == ChartType::HighLow || chart.x.scale)
+        return !chart.IsEmpty();
+    const auto& first = chart.rows.front();
+    return std::ranges::any_of(chart.rows, [&first](const auto& row) {
+        for (std::size_t i = 0; i < row.size(); ++i) {
+            if (row[i] != first[i % 2])
+                return true;
+        }
+        return false;
+    });
+}
+
+void AddSeries(QCustomPlot& plot, const ChartData& chart)
+{
+    if (chart.type == ChartType::HighLow) {
+        for (std::size_t i = 0; i < chart.rows.size(); ++i)
+            AddBar(plot, chart, i);
+        return;
+    }
+    std::size_t look = 0;
+    for (std::size_t i = 0; i < chart.SeriesCount(); ++i)
+        look += AddPair(plot, chart, i, look);
+}
+
+ChartSpans SpansOf(const ChartData& chart)
+{
+    const bool bars = chart.type == ChartType::HighLow;
+    Span x;
+    Span y;
+    for (const auto& row : chart.rows) {
+        for (std::size_t col = 0; col < row.size(); ++col)
+            (bars || col % 2 == 1 ? y : x).Add(row[col]);
+    }
+    for (std::size_t i = 0; !bars && i < chart.SeriesCount(); ++i) {
+        if (const auto fit = chart.Series(i).fitted ? FittedLine(chart, i) : std::nullopt) {
+            y.Add(fit->from.y());
+            y.Add(fit->to.y());
+        }
+    }
+    return {.x = x.WithRoom(), .y = y.WithRoom()};
+}
