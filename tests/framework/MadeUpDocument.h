@@ -4,6 +4,7 @@
 #pragma once
 
 #include "framework/document/Define.h"
+#include "framework/document/GridRows.h"
 #include "framework/document/Messages.h"
 #include "framework/document/TestDocument.h"
 #include "framework/files/DataFileReader.h"

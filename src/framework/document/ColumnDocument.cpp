@@ -1,5 +1,7 @@
 #include "framework/document/ColumnDocument.h"
 
+#include "framework/document/GridRows.h"
+
 #include <algorithm>
 
 using namespace Qt::StringLiterals;

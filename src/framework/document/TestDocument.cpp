@@ -2,6 +2,7 @@
 
 #include "framework/document/CommonDialog.h"
 #include "framework/document/Define.h"
+#include "framework/document/GridRows.h"
 #include "framework/document/Messages.h"
 #include "framework/files/CodePage.h"
 #include "framework/files/DataFileReader.h"
@@ -194,7 +195,8 @@ std::int16_t TestDocument::CountIn(QStringView text) const
 
 void TestDocument::BuildNumberFormat(Digits digits)
 {
-    m_numberFormat = GetNumFormat(digits.interi, digits.decimali, m_context.define);
+    m_numberFormat = digits;
+    GetNumFormat(digits.interi, digits.decimali, m_context.define);
 }
 
 void TestDocument::SetDigits(Digits digits)
@@ -394,35 +396,8 @@ void TestDocument::WriteFileLine(DataFileWriter& writer, const FileLine& line) c
     }
 }
 
-void TestDocument::ReadRows(DataFileReader& reader, DataGrid& grid, int fieldCount)
-{
-    for (int row = 0; row < grid.Rows(); ++row) {
-        for (int field = 0; field < fieldCount; ++field) {
-            QByteArrayView text = reader.ReadField();
-            while (text.endsWith(' '))
-                text.chop(1);
-            const int col = field - 1;
-            if (col < 0 || col >= grid.Cols())
-                continue;
-            grid.SetValue(row, col, text == "NIL" ? std::nullopt : std::optional(PointTextToDouble(text)));
-        }
-    }
-}
-
 void TestDocument::WriteBody(DataFileWriter& writer) const
 {
     for (const DataGrid* grid : m_grids)
-        WriteRows(writer, *grid);
-}
-
-void TestDocument::WriteRows(DataFileWriter& writer, const DataGrid& grid) const
-{
-    const qsizetype point = m_numberFormat.indexOf(u'.');
-    const int decimals = point < 0 ? 0 : static_cast<int>(m_numberFormat.size() - point - 1);
-    std::vector<std::optional<double>> values(static_cast<std::size_t>(grid.Cols()));
-    for (int row = 0; row < grid.Rows(); ++row) {
-        for (int col = 0; col < grid.Cols(); ++col)
-            values[static_cast<std::size_t>(col)] = grid.TextValue(row, col);
-        writer.WriteRow(row + 1, values, decimals);
-    }
+        WriteRows(writer, *grid, m_numberFormat.decimali);
 }

@@ -205,10 +205,6 @@ protected:
     std::int16_t Count(QAnyStringView control) const { return CountIn(ControlText(control)); }
     /// The footnote of the charts: the header fields, each with its label, one a line.
     QString ChartFootnote(Language language) const;
-    /// A grid's rows: of each row the first field is dropped, the others go to the columns in order; what has
-    /// no column is dropped too.
-    static void ReadRows(DataFileReader& reader, DataGrid& grid, int fieldCount);
-    void WriteRows(DataFileWriter& writer, const DataGrid& grid) const;
 
 private:
     const SizeField& SizeOf(QLatin1StringView control) const;
@@ -232,7 +228,7 @@ private:
     FieldSet m_fields;
     std::optional<int> m_option;
     bool m_isModify = false;
-    QString m_numberFormat; ///< with which values are written to the data file
+    Digits m_numberFormat; ///< with which values are written to the data file
     QString m_conclusions;
     InBoth<QStringList> m_conclText;
     std::optional<InBoth<QString>> m_verdict;

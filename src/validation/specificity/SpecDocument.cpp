@@ -1,6 +1,7 @@
 #include "validation/specificity/SpecDocument.h"
 
 #include "framework/document/Define.h"
+#include "framework/document/GridRows.h"
 #include "framework/document/Messages.h"
 #include "framework/text/NumberText.h"
 #include "framework/text/TextFunctions.h"
