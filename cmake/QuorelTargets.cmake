@@ -4,7 +4,9 @@ include_guard(GLOBAL)
 
 find_program(CCACHE_PROGRAM ccache)
 if(CCACHE_PROGRAM)
-    set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE_PROGRAM})
+    # What precompiled headers ask of the cache.
+    set(CMAKE_CXX_COMPILER_LAUNCHER ${CMAKE_COMMAND} -E env CCACHE_SLOPPINESS=pch_defines,time_macros ${CCACHE_PROGRAM})
+    add_compile_options(-fpch-preprocess)
 endif()
 
 set(CMAKE_CXX_STANDARD 20)
