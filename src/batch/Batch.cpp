@@ -2,6 +2,7 @@
 
 #include "batch/CommandLine.h"
 #include "batch/Outcome.h"
+#include "framework/chart/ChartData.h"
 #include "framework/chart/ChartPainter.h"
 #include "framework/document/Define.h"
 #include "framework/document/TestRegistry.h"
@@ -16,6 +17,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <utility>
 #include <vector>
 
 using namespace Qt::StringLiterals;

@@ -1,11 +1,21 @@
 #include "batch/JsonOutput.h"
 
 #include "batch/JsonWriter.h"
+#include "framework/chart/ChartData.h"
+#include "framework/document/FieldSet.h"
+#include "framework/document/TestDocument.h"
+#include "framework/document/TextTable.h"
+#include "framework/grid/DataGrid.h"
+#include "framework/text/Language.h"
 #include "framework/text/TextFunctions.h"
+#include "stats/RuntimeFailure.h"
 
+#include <algorithm>
+#include <optional>
 #include <ranges>
 #include <type_traits>
 #include <variant>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "framework/document/DocumentLife.h"
+#include "framework/document/TestDocument.h"
 
 #include <QByteArray>
 #include <QList>

@@ -3,7 +3,12 @@
 #include "batch/JsonOutput.h"
 #include "framework/document/CommonDialog.h"
 #include "framework/document/Define.h"
+#include "framework/document/DocumentLife.h"
+#include "framework/document/TestDocument.h"
+#include "framework/document/TestRegistry.h"
 #include "framework/text/TextFunctions.h"
+#include "stats/CriticalValues.h"
+#include "stats/RuntimeFailure.h"
 #include "validation/DocumentFactory.h"
 
 #include <QFileInfo>

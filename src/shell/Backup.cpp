@@ -2,6 +2,7 @@
 
 #include "framework/files/SafeFile.h"
 #include "framework/text/TextFunctions.h"
+#include "stats/RuntimeFailure.h"
 
 #include <QDir>
 #include <QFileInfo>

@@ -1,8 +1,10 @@
 #include "shell/CompanyData.h"
 
 #include "framework/text/TextFunctions.h"
+#include "stats/RuntimeFailure.h"
 
 #include <algorithm>
+#include <array>
 
 using namespace Qt::StringLiterals;
 

@@ -4,6 +4,7 @@
 #include "framework/document/Define.h"
 #include "framework/document/Messages.h"
 #include "framework/files/Database.h"
+#include "stats/RuntimeFailure.h"
 
 /// The path of the logo in the database, empty when there is none. Fails as ReadCompany does.
 QString GetLogoPath(const QString& dbFile);

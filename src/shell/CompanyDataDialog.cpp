@@ -2,11 +2,13 @@
 
 #include "framework/document/CommonDialog.h"
 #include "framework/document/Define.h"
+#include "framework/document/DocumentContext.h"
 #include "framework/document/Messages.h"
 #include "framework/document/Twips.h"
 #include "framework/text/NumberText.h"
 #include "framework/window/Forms.h"
 #include "shell/CompanyData.h"
+#include "stats/RuntimeFailure.h"
 
 #include <QFormLayout>
 #include <QGridLayout>

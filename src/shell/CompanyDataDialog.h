@@ -1,6 +1,7 @@
 // The laboratory's company data, as reports are headed with them.
 #pragma once
 
+#include "framework/document/DocumentContext.h"
 #include "framework/document/TestDocument.h"
 #include "framework/files/Database.h"
 #include "shell/LogoView.h"

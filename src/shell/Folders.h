@@ -3,6 +3,7 @@
 
 #include "framework/document/Define.h"
 #include "framework/document/Messages.h"
+#include "stats/RuntimeFailure.h"
 
 #include <QString>
 

@@ -1,13 +1,17 @@
 #include "shell/MainWindow.h"
 
 #include "framework/document/Define.h"
+#include "framework/document/DocumentContext.h"
 #include "framework/document/Messages.h"
+#include "framework/files/Database.h"
+#include "shell/Backup.h"
 #include "shell/BackupDialog.h"
 #include "shell/CompanyData.h"
 #include "shell/CompanyDataDialog.h"
 #include "shell/MdiArrangement.h"
 #include "shell/OptionsDialog.h"
 #include "shell/WindowList.h"
+#include "stats/RuntimeFailure.h"
 #include "validation/WindowFactory.h"
 
 #include <QCloseEvent>

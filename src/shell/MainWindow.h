@@ -1,6 +1,7 @@
 // The frame: a window of many documents, empty until a test is chosen.
 #pragma once
 
+#include "framework/document/DocumentContext.h"
 #include "framework/document/TestDocument.h"
 #include "framework/window/Frame.h"
 #include "framework/window/TestWindow.h"

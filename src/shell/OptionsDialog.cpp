@@ -2,6 +2,7 @@
 
 #include "framework/document/CommonDialog.h"
 #include "framework/document/Define.h"
+#include "framework/document/DocumentContext.h"
 #include "framework/document/Messages.h"
 #include "framework/window/Forms.h"
 #include "shell/Backup.h"

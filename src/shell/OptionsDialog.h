@@ -1,6 +1,7 @@
 // The options: folders of data and backup, backup at closing.
 #pragma once
 
+#include "framework/document/DocumentContext.h"
 #include "framework/document/TestDocument.h"
 
 #include <QCheckBox>

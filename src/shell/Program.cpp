@@ -1,5 +1,6 @@
 #include "shell/Program.h"
 
+#include "framework/document/DocumentContext.h"
 #include "shell/StartUp.h"
 
 #include <QApplication>

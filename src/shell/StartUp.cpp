@@ -4,6 +4,7 @@
 #include "shell/CompanyData.h"
 #include "shell/Folders.h"
 #include "shell/Settings.h"
+#include "stats/RuntimeFailure.h"
 
 #include <QDir>
 #include <QFileInfo>

@@ -1,5 +1,6 @@
 #include "validation/DocumentFactory.h"
 
+#include "framework/document/DocumentContext.h"
 #include "validation/limits/LimiDocument.h"
 #include "validation/repeatability/PrecDocument.h"
 #include "validation/specificity/SpecDocument.h"

@@ -1,6 +1,7 @@
 // Makes the document of a test.
 #pragma once
 
+#include "framework/document/DocumentContext.h"
 #include "framework/document/TestDocument.h"
 
 #include <memory>

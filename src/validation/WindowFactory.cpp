@@ -1,5 +1,8 @@
 #include "validation/WindowFactory.h"
 
+#include "framework/document/DocumentContext.h"
+#include "framework/document/TestDocument.h"
+#include "framework/window/Frame.h"
 #include "validation/DocumentFactory.h"
 #include "validation/limits/LimiWindow.h"
 #include "validation/repeatability/PrecWindow.h"
@@ -7,6 +10,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 

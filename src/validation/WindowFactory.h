@@ -1,6 +1,8 @@
 // Makes the window of a test, with its document.
 #pragma once
 
+#include "framework/document/DocumentContext.h"
+#include "framework/window/Frame.h"
 #include "framework/window/TestWindow.h"
 
 #include <QStringView>

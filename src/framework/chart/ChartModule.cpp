@@ -1,6 +1,7 @@
 // The entries of the module.
 #include "framework/chart/ChartModule.h"
 
+#include "framework/chart/ChartPainter.h"
 #include "framework/chart/PlotPainter.h"
 
 #include <QApplication>

@@ -1,5 +1,6 @@
 #include "framework/chart/PlotPainter.h"
 
+#include "framework/chart/ChartData.h"
 #include "framework/chart/PlotSeries.h"
 #include "framework/chart/PlotTicks.h"
 
@@ -12,6 +13,7 @@
 #include <qcustomplot.h>
 
 #include <algorithm>
+#include <optional>
 
 using namespace Qt::StringLiterals;
 

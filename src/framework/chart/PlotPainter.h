@@ -1,9 +1,11 @@
 // The painter of charts over QCustomPlot. Nothing else of the program knows that library.
 #pragma once
 
+#include "framework/chart/ChartData.h"
 #include "framework/chart/ChartPainter.h"
 
 #include <memory>
+#include <optional>
 
 class QCPAxis;
 class QCPPainter;

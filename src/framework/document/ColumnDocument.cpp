@@ -1,6 +1,10 @@
 #include "framework/document/ColumnDocument.h"
 
+#include "framework/document/DocumentContext.h"
+#include "framework/document/DocumentShape.h"
 #include "framework/document/GridRows.h"
+#include "framework/files/DataFileReader.h"
+#include "framework/grid/DataGrid.h"
 
 #include <algorithm>
 

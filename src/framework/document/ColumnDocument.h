@@ -1,7 +1,10 @@
 // What the documents share whose grid is one column of results, as long as the field nDet says.
 #pragma once
 
+#include "framework/document/DocumentContext.h"
+#include "framework/document/DocumentShape.h"
 #include "framework/document/TestDocument.h"
+#include "framework/files/DataFileReader.h"
 
 #include <vector>
 

@@ -2,6 +2,8 @@
 
 #include "framework/document/CommonDialog.h"
 #include "framework/document/Define.h"
+#include "framework/document/DocumentContext.h"
+#include "framework/document/TestRegistry.h"
 
 #include <utility>
 

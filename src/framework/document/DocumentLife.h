@@ -2,8 +2,10 @@
 // a failure of reading, writing or calculating a file ends: it is passed over or told, never thrown on.
 #pragma once
 
+#include "framework/document/DocumentContext.h"
 #include "framework/document/Messages.h"
 #include "framework/document/TestDocument.h"
+#include "framework/document/TestRegistry.h"
 #include "stats/RuntimeFailure.h"
 
 #include <QString>

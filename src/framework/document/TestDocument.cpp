@@ -8,6 +8,7 @@
 #include "framework/files/DataFileReader.h"
 #include "framework/files/DataFileWriter.h"
 #include "framework/files/SafeFile.h"
+#include "framework/text/NumberText.h"
 #include "framework/text/TextFunctions.h"
 #include "framework/text/TextNumber.h"
 #include "stats/RuntimeFailure.h"

@@ -9,7 +9,9 @@
 #include "framework/document/TestRegistry.h"
 #include "framework/document/TextTable.h"
 #include "framework/grid/DataGrid.h"
+#include "framework/grid/GridEdits.h"
 #include "framework/text/Language.h"
+#include "framework/text/NumberText.h"
 
 #include <QAnyStringView>
 #include <QByteArray>
@@ -23,6 +25,7 @@
 #include <memory>
 #include <optional>
 #include <span>
+#include <utility>
 #include <variant>
 #include <vector>
 

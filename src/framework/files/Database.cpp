@@ -9,6 +9,9 @@
 #include <QStringList>
 #include <QUuid>
 
+#include <cstdint>
+#include <optional>
+
 using namespace Qt::StringLiterals;
 
 namespace

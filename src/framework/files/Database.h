@@ -8,8 +8,10 @@
 #include <QString>
 
 #include <array>
+#include <cstdint>
 #include <map>
 #include <mutex>
+#include <optional>
 #include <utility>
 
 /// The company data, the one record of the table Anagrafica. A field that is null in the table reads as

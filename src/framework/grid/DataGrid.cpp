@@ -1,5 +1,7 @@
 #include "framework/grid/DataGrid.h"
 
+#include "framework/grid/GridCells.h"
+#include "framework/text/NumberText.h"
 #include "stats/RuntimeFailure.h"
 
 #include <algorithm>

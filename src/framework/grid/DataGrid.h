@@ -1,7 +1,10 @@
 // The grid of measured values: the model behind every data grid, without a view.
 #pragma once
 
+#include "framework/grid/CellFormat.h"
+#include "framework/grid/GridCells.h"
 #include "framework/grid/GridEdits.h"
+#include "framework/text/NumberText.h"
 
 #include <QAbstractTableModel>
 #include <QString>

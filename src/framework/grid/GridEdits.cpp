@@ -1,11 +1,13 @@
 #include "framework/grid/GridEdits.h"
 
+#include "framework/grid/GridCells.h"
 #include "framework/grid/TabText.h"
 
 #include <QList>
 
 #include <algorithm>
 #include <utility>
+#include <variant>
 
 namespace
 {

@@ -2,12 +2,14 @@
 #pragma once
 
 #include "framework/grid/CellFormat.h"
+#include "framework/grid/GridCells.h"
 #include "framework/grid/GridHistory.h"
 
 #include <QString>
 #include <QStringList>
 
 #include <optional>
+#include <vector>
 
 /// What a step changed: cells, all of them inside the block; the headers of the block's columns; or the size,
 /// and with it all of the grid.

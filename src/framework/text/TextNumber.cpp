@@ -2,6 +2,7 @@
 
 #include "framework/text/TextFunctions.h"
 #include "stats/CheckedArithmetic.h"
+#include "stats/RuntimeFailure.h"
 
 #include <QList>
 #include <QVarLengthArray>

@@ -1,5 +1,6 @@
 #include "framework/window/BlockDrag.h"
 
+#include "framework/grid/GridCells.h"
 #include "framework/window/GridView.h"
 
 #include <QKeyEvent>

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "framework/grid/DataGrid.h"
+#include "framework/grid/GridCells.h"
 
 #include <QObject>
 #include <QPoint>

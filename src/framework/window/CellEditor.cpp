@@ -1,5 +1,7 @@
 #include "framework/window/CellEditor.h"
 
+#include "framework/grid/DataGrid.h"
+
 #include <QApplication>
 #include <QKeyEvent>
 

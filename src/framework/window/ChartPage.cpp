@@ -1,5 +1,6 @@
 #include "framework/window/ChartPage.h"
 
+#include "framework/chart/ChartData.h"
 #include "framework/document/TestDocument.h"
 
 #include <QHBoxLayout>

@@ -1,10 +1,12 @@
 #include "framework/window/ChartView.h"
 
+#include "framework/chart/ChartData.h"
 #include "framework/document/CommonDialog.h"
 #include "framework/document/Define.h"
 #include "framework/document/Messages.h"
 #include "framework/files/SafeFile.h"
 #include "framework/text/TextFunctions.h"
+#include "stats/RuntimeFailure.h"
 
 #include <QClipboard>
 #include <QContextMenuEvent>
@@ -15,6 +17,7 @@
 #include <QToolTip>
 
 #include <cmath>
+#include <optional>
 
 using namespace Qt::StringLiterals;
 

@@ -2,10 +2,14 @@
 // and a menu to copy and save it.
 #pragma once
 
+#include "framework/chart/ChartData.h"
 #include "framework/chart/ChartPainter.h"
 #include "framework/document/DocumentContext.h"
 
 #include <QWidget>
+
+#include <memory>
+#include <optional>
 
 class ChartView : public QWidget
 {

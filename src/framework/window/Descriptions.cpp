@@ -2,6 +2,8 @@
 
 #include <QMouseEvent>
 
+#include <utility>
+
 void Descriptions::Describe(QWidget* widget, const QString& text)
 {
     m_texts.insert(widget, text);

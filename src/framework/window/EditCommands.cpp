@@ -1,6 +1,7 @@
 #include "framework/window/EditCommands.h"
 
 #include "framework/document/Define.h"
+#include "framework/grid/GridCells.h"
 #include "framework/window/GridView.h"
 
 #include <QClipboard>
@@ -8,6 +9,8 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
+
+#include <optional>
 
 using namespace Qt::StringLiterals;
 

@@ -3,6 +3,7 @@
 
 #include "framework/document/DocumentContext.h"
 #include "framework/document/Messages.h"
+#include "framework/grid/GridCells.h"
 #include "framework/grid/GridEdits.h"
 
 #include <QWidget>

@@ -1,5 +1,7 @@
 #include "framework/window/GridView.h"
 
+#include "framework/grid/GridCells.h"
+#include "framework/grid/GridEdits.h"
 #include "framework/window/BlockDrag.h"
 #include "framework/window/CellEditor.h"
 
@@ -10,6 +12,7 @@
 #include <QKeyEvent>
 
 #include <algorithm>
+#include <optional>
 
 namespace
 {

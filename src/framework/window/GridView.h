@@ -2,9 +2,13 @@
 #pragma once
 
 #include "framework/grid/DataGrid.h"
+#include "framework/grid/GridCells.h"
+#include "framework/grid/GridEdits.h"
 
 #include <QMenu>
 #include <QTableView>
+
+#include <optional>
 
 class CellEditor;
 

@@ -10,6 +10,9 @@
 #include <QLabel>
 #include <QVBoxLayout>
 
+#include <cstdint>
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace

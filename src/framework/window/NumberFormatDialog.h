@@ -9,6 +9,7 @@
 #include <QLineEdit>
 
 #include <array>
+#include <cstdint>
 
 class NumberFormatDialog : public QDialog
 {

@@ -1,11 +1,15 @@
 #include "framework/window/WindowCommands.h"
 
 #include "framework/document/Define.h"
+#include "framework/document/DocumentContext.h"
 #include "framework/document/DocumentLife.h"
+#include "framework/document/Messages.h"
+#include "framework/document/TestDocument.h"
 #include "framework/window/EditCommands.h"
 #include "framework/window/Forms.h"
 #include "framework/window/NumberFormatDialog.h"
 #include "framework/window/TestMenus.h"
+#include "stats/RuntimeFailure.h"
 
 #include <QClipboard>
 #include <QGuiApplication>

@@ -1,6 +1,8 @@
 #include "framework/window/WindowFields.h"
 
+#include "framework/document/DocumentShape.h"
 #include "framework/document/TestDocument.h"
+#include "framework/document/TextTable.h"
 #include "framework/window/CornerLabel.h"
 #include "framework/window/Forms.h"
 

@@ -2,6 +2,9 @@
 
 #include "framework/document/Define.h"
 #include "framework/document/TestDocument.h"
+#include "framework/grid/DataGrid.h"
+#include "framework/grid/GridCells.h"
+#include "framework/grid/GridEdits.h"
 #include "framework/window/ChartPage.h"
 #include "framework/window/CornerLabel.h"
 #include "framework/window/Descriptions.h"

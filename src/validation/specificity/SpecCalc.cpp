@@ -1,6 +1,7 @@
 #include "validation/specificity/SpecCalc.h"
 
 #include "stats/CheckedArithmetic.h"
+#include "stats/RuntimeFailure.h"
 #include "stats/Statistics.h"
 
 #include <algorithm>
