@@ -119,7 +119,7 @@ public:
     }
     void Put(const ChartData& chart);
 
-    const QByteArray& Bytes() const { return m_json.Bytes(); }
+    QByteArray Bytes() const { return m_json.Bytes(); }
 
 private:
     static QLatin1StringView IconName(MessageIcon icon);

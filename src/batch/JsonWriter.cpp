@@ -1,87 +1,68 @@
 #include "batch/JsonWriter.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 
-void JsonWriter::Separate()
+namespace
 {
-    if (!m_first)
-        m_bytes += ',';
-    m_first = false;
+
+bool IsControl(char c)
+{
+    return static_cast<unsigned char>(c) < 0x20 || c == 0x7f;
 }
 
-void JsonWriter::Begin(char bracket)
+/// RapidJSON has other escapes for these (`\t`, `\u001F`) or none (0x7f).
+bool IsSpelledHere(char c)
 {
-    Separate();
-    m_bytes += bracket;
-    m_first = true;
+    return IsControl(c) && c != '\r' && c != '\n';
 }
 
-void JsonWriter::End(char bracket)
+/// The text as a JSON string, for the few that RapidJSON would spell otherwise.
+QByteArray Spelled(const QByteArray& utf8)
 {
-    m_bytes += bracket;
-    m_first = false;
+    QByteArray json = "\"";
+    for (const char c : utf8) {
+        if (c == '"' || c == '\\')
+            json.append('\\').append(c);
+        else if (c == '\r')
+            json += "\\r";
+        else if (c == '\n')
+            json += "\\n";
+        else if (IsControl(c))
+            json += "\\u00" + QByteArray::number(c, 16).rightJustified(2, '0');
+        else
+            json += c;
+    }
+    return json + '"';
 }
 
-void JsonWriter::Key(QLatin1StringView key)
+} // namespace
+
+void JsonWriter::Text(QStringView text)
 {
-    Text(key);
-    m_bytes += ':';
-    m_first = true;
+    const QByteArray utf8 = text.toUtf8();
+    if (std::ranges::any_of(utf8, IsSpelledHere)) {
+        const QByteArray json = Spelled(utf8);
+        m_writer.RawValue(json.constData(), json.size(), rapidjson::kStringType);
+    } else {
+        m_writer.String(utf8.constData(), static_cast<rapidjson::SizeType>(utf8.size()));
+    }
 }
 
 void JsonWriter::Text(QLatin1StringView text)
 {
-    Separate();
-    m_bytes.append('"').append(text.data(), text.size()).append('"');
-}
-
-void JsonWriter::Text(QStringView text)
-{
-    Separate();
-    m_bytes += '"';
-    AppendEscaped(text.toUtf8());
-    m_bytes += '"';
-}
-
-void JsonWriter::Number(int number)
-{
-    Separate();
-    m_bytes += QByteArray::number(number);
+    m_writer.String(text.data(), static_cast<rapidjson::SizeType>(text.size()));
 }
 
 void JsonWriter::Number(double number)
 {
-    Separate();
     std::array<char, 32> text;
     const auto end = std::to_chars(text.data(), text.data() + text.size(), number);
-    m_bytes.append(text.data(), end.ptr - text.data());
+    m_writer.RawValue(text.data(), static_cast<std::size_t>(end.ptr - text.data()), rapidjson::kNumberType);
 }
 
-void JsonWriter::Bool(bool value)
+QByteArray JsonWriter::Bytes() const
 {
-    Separate();
-    m_bytes += value ? "true" : "false";
-}
-
-void JsonWriter::Null()
-{
-    Separate();
-    m_bytes += "null";
-}
-
-void JsonWriter::AppendEscaped(const QByteArray& utf8)
-{
-    for (const char c : utf8) {
-        if (c == '"' || c == '\\')
-            m_bytes.append('\\').append(c);
-        else if (c == '\r')
-            m_bytes += "\\r";
-        else if (c == '\n')
-            m_bytes += "\\n";
-        else if (static_cast<unsigned char>(c) < 0x20 || c == 0x7f)
-            m_bytes += "\\u00" + QByteArray::number(c, 16).rightJustified(2, '0');
-        else
-            m_bytes += c;
-    }
+    return {m_bytes.GetString(), static_cast<qsizetype>(m_bytes.GetSize())};
 }

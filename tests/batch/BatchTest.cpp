@@ -13,6 +13,8 @@
 #include <QProcess>
 #include <QTemporaryDir>
 
+#include <limits>
+
 using namespace Qt::StringLiterals;
 
 namespace
@@ -286,6 +288,43 @@ private Q_SLOTS:
         QCOMPARE_EQ(object[u"b"][0].toDouble(), 0.1 + 0.2);
         QCOMPARE_EQ(object[u"b"][2].toDouble(), 5e-324);
         QCOMPARE(object[u"b"].toArray().size(), 6);
+    }
+
+    void JsonBytes_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QByteArray>("bytes");
+        const auto row = [](const char* name, const QString& text, const QByteArray& bytes) {
+            QTest::addRow("%s", name) << text << '"' + bytes + '"';
+        };
+        row("empty", {}, "");
+        row("quotes and backslash", u"\"a\"/\\"_s, "\\\"a\\\"/\\\\");
+        row("line ends", u"a\r\n\"\n"_s, "a\\r\\n\\\"\\n");
+        row("control characters", QString(u'\0') + u"\b\t\n\v\f\r\u001a\u001f \x7f\"\\è"_s,
+            "\\u0000\\u0008\\u0009\\n\\u000b\\u000c\\r\\u001a\\u001f \\u007f\\\"\\\\è");
+        row("beyond ASCII", u"è€\u0080\u2028\ufeff\U0001F600"_s, "è€\u0080\u2028\ufeff\U0001F600");
+        row("half a pair", u'a' + QString(QChar(0xd83d)) + u'b', "a?b");
+    }
+
+    void JsonBytes()
+    {
+        QFETCH(QString, text);
+        JsonWriter json;
+        json.Text(text);
+        QTEST(json.Bytes(), "bytes");
+    }
+
+    void JsonNumbers()
+    {
+        JsonWriter json;
+        json.BeginList();
+        for (const double number : {0.0, -0.0, 4.0, 0.1 + 0.2, 12345.0, 100000.0, -1e300, 5e-324})
+            json.Number(number);
+        for (const int number : {0, -1, 100000, std::numeric_limits<int>::min()})
+            json.Number(number);
+        json.EndList();
+        QCOMPARE(json.Bytes(),
+                 "[0,-0,4,0.30000000000000004,12345,1e+05,-1e+300,5e-324,0,-1,100000,-2147483648]");
     }
 
 private:
