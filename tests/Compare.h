@@ -26,9 +26,10 @@ inline bool IsClose(double actual, double expected, double relTol)
         const double actualValue = (actual);                                                                 \
         const double expectedValue = (expected);                                                             \
         QVERIFY2(IsClose(actualValue, expectedValue, (relTol)),                                              \
-                 qPrintable(QStringLiteral("actual %1, expected %2, tolerance %3")                           \
+                 qPrintable(QStringLiteral("actual %1, expected %2, apart by %3 of it, tolerance %4")        \
                                 .arg(actualValue, 0, 'g', 17)                                                \
                                 .arg(expectedValue, 0, 'g', 17)                                              \
+                                .arg((actualValue - expectedValue) / expectedValue)                          \
                                 .arg(relTol)));                                                              \
     } while (false)
 

@@ -64,8 +64,8 @@ QString FolderObstacle(const QString& folder, const QStringList& files)
 class Batch
 {
 public:
-    Batch(CommandLine line, const BatchPlace& place)
-        : m_line(std::move(line)), m_place(place), m_fTable(place.programFolder + u"/DB/"_s + kDatabaseName)
+    Batch(CommandLine line, const BatchWorld& world)
+        : m_line(std::move(line)), m_world(world), m_fTable(world.programFolder + u"/DB/"_s + kDatabaseName)
     {
     }
 
@@ -75,7 +75,7 @@ public:
         for (const QString& folder : {m_line.chartDir, m_line.rewriteDir}) {
             const QString obstacle = folder.isEmpty() ? QString() : FolderObstacle(folder, files);
             if (!obstacle.isEmpty()) {
-                m_place.err.write("quorel-batch: " + obstacle.toUtf8() + '\n');
+                m_world.err.write("quorel-batch: " + obstacle.toUtf8() + '\n');
                 return kWrongCall;
             }
         }
@@ -95,7 +95,7 @@ private:
     {
         if (!outcome.complaint.isEmpty())
             Complain(outcome.file, outcome.complaint);
-        if (m_place.out.write(outcome.printed) != outcome.printed.size())
+        if (m_world.out.write(outcome.printed) != outcome.printed.size())
             m_outputLost = true;
         if (!outcome.writes)
             return;
@@ -116,7 +116,7 @@ private:
     void WriteCharts(const QString& name, const std::vector<ChartData>& charts)
     {
         if (!m_painter && !charts.empty())
-            m_painter = CreateChartPainter(m_place.programFolder);
+            m_painter = CreateChartPainter(m_world.programFolder);
         for (const ChartData& chart : charts) {
             m_painter->SetChart(chart, m_line.decSep);
             WriteSafeFile(QDir(m_line.chartDir).filePath(u"%1.%2.pdf"_s.arg(name, chart.name)),
@@ -146,24 +146,24 @@ private:
     {
         m_failed = true;
         ClearProgress();
-        m_place.err.write(u"quorel-batch: %1: %2\n"_s.arg(file, reason).toUtf8());
+        m_world.err.write(u"quorel-batch: %1: %2\n"_s.arg(file, reason).toUtf8());
     }
 
     void ShowProgress(qsizetype done, const QStringList& files)
     {
-        if (m_place.progress && files.size() > 1)
-            m_place.err.write(
+        if (m_world.progress && files.size() > 1)
+            m_world.err.write(
                 u"\r\x1b[K%1/%2 %3"_s.arg(done + 1).arg(files.size()).arg(files[done]).toUtf8());
     }
 
     void ClearProgress()
     {
-        if (m_place.progress)
-            m_place.err.write("\r\x1b[K");
+        if (m_world.progress)
+            m_world.err.write("\r\x1b[K");
     }
 
     CommandLine m_line;
-    BatchPlace m_place;
+    BatchWorld m_world;
     DatabaseFTable m_fTable;
     std::unique_ptr<ChartPainter> m_painter;
     QSet<QString> m_written; ///< names, without their folders
@@ -173,17 +173,17 @@ private:
 
 } // namespace
 
-int RunBatch(const QStringList& arguments, const BatchPlace& place)
+int RunBatch(const QStringList& arguments, const BatchWorld& world)
 {
     CommandLine line = ParseCommandLine(arguments);
     if (!line.error.isEmpty()) {
         const QString text = u"quorel-batch: %1\nAiuto: quorel-batch --help\n"_s.arg(line.error);
-        place.err.write(text.toUtf8());
+        world.err.write(text.toUtf8());
         return kWrongCall;
     }
     if (line.help || line.version) {
-        place.out.write((line.help ? HelpText() : u"quorel-batch %1\n"_s.arg(place.version)).toUtf8());
+        world.out.write((line.help ? HelpText() : u"quorel-batch %1\n"_s.arg(world.version)).toUtf8());
         return kAllDone;
     }
-    return Batch(std::move(line), place).Run();
+    return Batch(std::move(line), world).Run();
 }

@@ -7,7 +7,7 @@
 #include <QStringList>
 
 /// The world around one call.
-struct BatchPlace {
+struct BatchWorld {
     QIODevice& out;
     QIODevice& err;
     bool progress = false; ///< a line on err tells how far the work is
@@ -17,4 +17,4 @@ struct BatchPlace {
 
 /// arguments without the program's name. The exit status: 0 every document read whole and calculated, 1 at
 /// least one not (each named on err), 2 the call is wrong.
-int RunBatch(const QStringList& arguments, const BatchPlace& place);
+int RunBatch(const QStringList& arguments, const BatchWorld& world);

@@ -7,7 +7,7 @@
 #include <QString>
 
 /// Sets the global values that depend on nothing but the system. programFolder: where the executable and its
-/// read-only companions lie.
+/// read-only masters lie.
 void InitGlobals(Define& define, const QString& programFolder);
 
 /// Finds or makes the folders, the settings file and the working database. documentsFolder: the user's

@@ -2,7 +2,7 @@
 // seem.
 #include "batch/Batch.h"
 #include "Compare.h"
-#include "TestPlace.h"
+#include "TestWorld.h"
 #include "batch/JsonWriter.h"
 
 #include <QBuffer>

@@ -1,7 +1,7 @@
 // The frame: its menus and those of the active test, one window a test, and closing with every answer.
 #include "shell/MainWindow.h"
 #include "Compare.h"
-#include "TestPlace.h"
+#include "TestWorld.h"
 
 #include <QClipboard>
 #include <QDir>
@@ -20,8 +20,8 @@ private Q_SLOTS:
     void init()
     {
         FailOnWarnings();
-        m_place = std::make_unique<TestPlace>();
-        m_window = std::make_unique<MainWindow>(m_place->Context());
+        m_world = std::make_unique<TestWorld>();
+        m_window = std::make_unique<MainWindow>(m_world->Context());
         m_window->show();
         QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
     }
@@ -33,7 +33,7 @@ private Q_SLOTS:
         Trigger(u"MnuMetodiDett4"_s);
         QCOMPARE(MenuCaptions(), QStringList({u"&File"_s, u"&Modifica"_s, u"&Strumenti"_s, u"M&etodi"_s,
                                               u"&Finestre"_s, u"&?"_s}));
-        QCOMPARE(m_place->dialog.Filter, u"Limiti (*.LIM)|*.LIM"_s);
+        QCOMPARE(m_world->dialog.Filter, u"Limiti (*.LIM)|*.LIM"_s);
         QVERIFY(m_window->OpenTest(u"LIMI")->parentWidget()->close());
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         QTRY_COMPARE(MenuCaptions(), own);
@@ -116,18 +116,18 @@ private Q_SLOTS:
         const QTemporaryDir folder;
         QVERIFY(QDir(folder.path()).mkdir(u"backup"_s));
         QVERIFY(WriteBytes(folder.filePath(u"a.LIM"_s), "x"));
-        m_place->define.OpenSaveFolder = folder.path();
-        m_place->define.BackupFolder = folder.filePath(u"backup"_s);
-        m_place->define.BkAutoSave = u"1"_s;
+        m_world->define.OpenSaveFolder = folder.path();
+        m_world->define.BackupFolder = folder.filePath(u"backup"_s);
+        m_world->define.BkAutoSave = u"1"_s;
         m_window->ShowTest(u"LIMI");
         m_window->OpenTest(u"LIMI")->Document().TypeInputData(0, u"HPLC"_s);
-        m_place->messages.WillAnswer(Answer::Cancel);
+        m_world->messages.WillAnswer(Answer::Cancel);
         QVERIFY(!m_window->close());
         QVERIFY(!QFile::exists(folder.filePath(u"backup/a.LIM"_s)));
-        m_place->messages.WillAnswer(Answer::No);
+        m_world->messages.WillAnswer(Answer::No);
         QVERIFY(m_window->close());
         QCOMPARE(BytesOf(folder.filePath(u"backup/a.LIM"_s)), "x");
-        QCOMPARE(m_place->messages.All().size(), 2); // the two questions alone
+        QCOMPARE(m_world->messages.All().size(), 2); // the two questions alone
     }
 
     void OneWindowATest()
@@ -146,10 +146,10 @@ private Q_SLOTS:
     {
         m_window->ShowTest(u"LIMI");
         m_window->OpenTest(u"LIMI")->Document().TypeInputData(0, u"HPLC"_s);
-        m_place->messages.WillAnswer(Answer::Cancel);
+        m_world->messages.WillAnswer(Answer::Cancel);
         QVERIFY(!m_window->close());
         QVERIFY(m_window->OpenTest(u"LIMI") != nullptr);
-        m_place->messages.WillAnswer(Answer::No);
+        m_world->messages.WillAnswer(Answer::No);
         QVERIFY(m_window->close());
     }
 
@@ -161,19 +161,19 @@ private Q_SLOTS:
             m_window->ShowTest(key);
             m_window->OpenTest(key)->Document().TypeInputData(0, u"HPLC"_s);
         }
-        m_place->messages.WillAnswer(Answer::No);
-        m_place->messages.WillAnswer(Answer::Cancel);
+        m_world->messages.WillAnswer(Answer::No);
+        m_world->messages.WillAnswer(Answer::Cancel);
         QVERIFY(!m_window->close());
         QCOMPARE(m_window->OpenTest(u"LIMI")->Document().InputData(0), u"HPLC"_s);
         QVERIFY(m_window->OpenTest(u"LIMI")->HasChanges());
         m_window->findChild<QMdiArea*>()->setActiveSubWindow(
             qobject_cast<QMdiSubWindow*>(m_window->OpenTest(u"PREC")->parentWidget()));
-        m_place->messages.WillAnswer(Answer::Cancel);
+        m_world->messages.WillAnswer(Answer::Cancel);
         QVERIFY(!m_window->close());
         QCOMPARE(m_window->findChild<QMdiArea*>()->activeSubWindow()->widget(), m_window->OpenTest(u"LIMI"));
-        QCOMPARE(m_place->dialog.DefaultExt, u"LIM"_s);
-        m_place->messages.WillAnswer(Answer::No);
-        m_place->messages.WillAnswer(Answer::No);
+        QCOMPARE(m_world->dialog.DefaultExt, u"LIM"_s);
+        m_world->messages.WillAnswer(Answer::No);
+        m_world->messages.WillAnswer(Answer::No);
         QVERIFY(m_window->close());
     }
 
@@ -183,11 +183,11 @@ private Q_SLOTS:
         TestWindow* window = m_window->OpenTest(u"LIMI");
         window->Document().Grid().Edits().TypeText(0, 0, QString());
         auto* calculate = window->findChild<QAction*>(u"StrumentiCalcola"_s);
-        m_place->messages.WillAnswer(Answer::Cancel);
+        m_world->messages.WillAnswer(Answer::Cancel);
         calculate->trigger();
-        QTRY_COMPARE(m_place->messages.All().size(), 2);
+        QTRY_COMPARE(m_world->messages.All().size(), 2);
         QVERIFY(m_window->isVisible());
-        m_place->messages.WillAnswer(Answer::No);
+        m_world->messages.WillAnswer(Answer::No);
         calculate->trigger();
         QTRY_VERIFY(!m_window->isVisible());
     }
@@ -203,7 +203,7 @@ private:
 
     void Trigger(const QString& name) { m_window->findChild<QAction*>(name)->trigger(); }
 
-    std::unique_ptr<TestPlace> m_place;
+    std::unique_ptr<TestWorld> m_world;
     std::unique_ptr<MainWindow> m_window;
 };
 

@@ -2,7 +2,7 @@
 #include "shell/Settings.h"
 #include "Compare.h"
 #include "FullDisk.h"
-#include "TestPlace.h"
+#include "TestWorld.h"
 
 #include <QTemporaryDir>
 

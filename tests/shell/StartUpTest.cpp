@@ -2,7 +2,7 @@
 #include "shell/StartUp.h"
 #include "Compare.h"
 #include "FullDisk.h"
-#include "TestPlace.h"
+#include "TestWorld.h"
 #include "framework/files/Database.h"
 #include "shell/Backup.h"
 #include "shell/CompanyData.h"
@@ -64,14 +64,14 @@ private Q_SLOTS:
         m_home = std::make_unique<QTemporaryDir>();
         m_documents = m_home->path() + u'/';
         m_app = m_documents + u"Quorel2006/"_s;
-        m_place = std::make_unique<TestPlace>();
-        InitGlobals(m_place->define, QStringLiteral(QUOREL_TEST_PROGRAM));
+        m_world = std::make_unique<TestWorld>();
+        InitGlobals(m_world->define, QStringLiteral(QUOREL_TEST_PROGRAM));
     }
 
     void FirstStartAndSecond()
     {
         QVERIFY(Start());
-        const Define& define = m_place->define;
+        const Define& define = m_world->define;
         QCOMPARE(define.OpenSaveFolder, m_app + u"Doc/"_s);
         QCOMPARE(define.BackupFolder, m_app + u"Backup/"_s);
         QCOMPARE(define.DbFile, m_app + u"DB/QUOREL73.MDB"_s);
@@ -83,7 +83,7 @@ private Q_SLOTS:
         WriteCompany(define.DbFile, {.texts = {u"Rossi"_s}, .logoPath = u"/logo.bmp"_s, .noLogo = true});
         const QStringList before = Snapshot(m_home->path());
         QCOMPARE(before.filter(u"Doc"_s).size(), 1);
-        TestPlace second;
+        TestWorld second;
         InitGlobals(second.define, QStringLiteral(QUOREL_TEST_PROGRAM));
         QVERIFY(InitPaths(second.define, m_documents, second.messages));
         QCOMPARE(Snapshot(m_home->path()), before);
@@ -97,8 +97,8 @@ private Q_SLOTS:
         WriteIni(u"[Percorsi]\nOpenSave=%1mine/\n[Parametri]\nBkAutoSave=1\n"_s.arg(m_documents));
         QVERIFY(Start());
         QVERIFY(QFileInfo(m_documents + u"mine"_s).isDir());
-        QCOMPARE(m_place->define.BkAutoSave, u"1"_s);
-        QVERIFY(BytesOf(m_place->define.IniFile).contains("\nBackup=" + m_app.toUtf8() + "Backup/\n"));
+        QCOMPARE(m_world->define.BkAutoSave, u"1"_s);
+        QVERIFY(BytesOf(m_world->define.IniFile).contains("\nBackup=" + m_app.toUtf8() + "Backup/\n"));
     }
 
     void BadFoldersOfTheSettingsAreToldAndTheStartGoesOn()
@@ -108,7 +108,7 @@ private Q_SLOTS:
         WriteIni(u"[Percorsi]\nOpenSave=%1file/\nBackup=%1none/none/\n"_s.arg(m_documents));
         QVERIFY(Start());
         QStringList told;
-        for (const auto& message : m_place->messages.All())
+        for (const auto& message : m_world->messages.All())
             told += message.text.section(u"\r\n"_s, 0, 0);
         QCOMPARE(told, QStringList(
                            {u"Errore 75 nella procedura DEFINE.CreaCartella."_s,
@@ -140,24 +140,24 @@ private Q_SLOTS:
             QVERIFY(WriteBytes(m_documents + obstacle, "x"));
         }
         QVERIFY(!Start());
-        const QString told = m_place->messages.TakeOnly();
+        const QString told = m_world->messages.TakeOnly();
         QVERIFY2(told.contains(message), qPrintable(told));
     }
 
     void NoMasterNoStart()
     {
-        m_place->define.ProgramFolder = m_home->path();
+        m_world->define.ProgramFolder = m_home->path();
         QVERIFY(!Start());
-        QVERIFY(m_place->messages.TakeOnly().contains(u"Impossibile copiare il database"_s));
+        QVERIFY(m_world->messages.TakeOnly().contains(u"Impossibile copiare il database"_s));
         QVERIFY(!QFileInfo::exists(m_app + u"DB/QUOREL73.MDB"_s));
     }
 
     void BadDatabaseIsToldAndTheStartGoesOn()
     {
         QVERIFY(Start());
-        QVERIFY(WriteBytes(m_place->define.DbFile, "no database at all"));
+        QVERIFY(WriteBytes(m_world->define.DbFile, "no database at all"));
         QVERIFY(Start());
-        QVERIFY(m_place->messages.TakeOnly().contains(u"I dati dell'azienda non sono disponibili"_s));
+        QVERIFY(m_world->messages.TakeOnly().contains(u"I dati dell'azienda non sono disponibili"_s));
     }
 
     void Access()
@@ -192,23 +192,23 @@ private Q_SLOTS:
         QVERIFY(QDir(Source(u""_s)).mkdir(u"sub"_s));
         QVERIFY(WriteBytes(Source(u"sub/deep.LIM"_s), "x"));
         CountingProgress progress;
-        BackupFiles(false, m_place->define, m_place->messages, progress);
-        QCOMPARE(m_place->messages.TakeOnly(), u"Backup completato"_s);
+        BackupFiles(false, m_world->define, m_world->messages, progress);
+        QCOMPARE(m_world->messages.TakeOnly(), u"Backup completato"_s);
         QCOMPARE(QDir(Target(u""_s)).entryList(QDir::AllEntries | QDir::NoDotAndDotDot, QDir::Name),
                  QStringList({u"note.txt"_s, u"però.LIM"_s}));
         QCOMPARE(BytesOf(Target(u"però.LIM"_s)), "new");
         QCOMPARE(QFileInfo(Target(u"però.LIM"_s)).lastModified(),
                  QFileInfo(Source(u"però.LIM"_s)).lastModified());
-        BackupFiles(true, m_place->define, m_place->messages, progress);
-        QCOMPARE(m_place->messages.TakeOnly(), u"0 messages"_s);
+        BackupFiles(true, m_world->define, m_world->messages, progress);
+        QCOMPARE(m_world->messages.TakeOnly(), u"0 messages"_s);
     }
 
     void BackupOfNothing()
     {
         PrepareBackup();
         CountingProgress progress;
-        BackupFiles(false, m_place->define, m_place->messages, progress);
-        QCOMPARE(m_place->messages.TakeOnly(), u"Backup completato"_s);
+        BackupFiles(false, m_world->define, m_world->messages, progress);
+        QCOMPARE(m_world->messages.TakeOnly(), u"Backup completato"_s);
         QVERIFY(progress.names.isEmpty());
     }
 
@@ -222,10 +222,10 @@ private Q_SLOTS:
         CountingProgress progress;
         {
             const FullDisk full(100);
-            BackupFiles(true, m_place->define, m_place->messages, progress);
+            BackupFiles(true, m_world->define, m_world->messages, progress);
         }
         QVERIFY(
-            m_place->messages.TakeOnly().startsWith(u"Il backup si è fermato al file b.LIM\nDisco pieno"_s));
+            m_world->messages.TakeOnly().startsWith(u"Il backup si è fermato al file b.LIM\nDisco pieno"_s));
         QCOMPARE(BytesOf(Target(u"b.LIM"_s)), "older");
         QVERIFY(QFileInfo::exists(Target(u"a.LIM"_s)) && !QFileInfo::exists(Target(u"c.LIM"_s)));
     }
@@ -237,8 +237,8 @@ private Q_SLOTS:
             QVERIFY(WriteBytes(Source(name), "x"));
         CountingProgress progress;
         progress.stopAfter = 4; // during the second file
-        BackupFiles(false, m_place->define, m_place->messages, progress);
-        QCOMPARE(m_place->messages.TakeOnly(), u"0 messages"_s);
+        BackupFiles(false, m_world->define, m_world->messages, progress);
+        QCOMPARE(m_world->messages.TakeOnly(), u"0 messages"_s);
         QCOMPARE(QDir(Target(u""_s)).entryList(QDir::Files).size(), 1);
     }
 
@@ -246,29 +246,29 @@ private Q_SLOTS:
     {
         PrepareBackup();
         QVERIFY(WriteBytes(Source(u"a.LIM"_s), "x"));
-        m_place->define.BackupFolder = Source(u"../source"_s); // without a closing separator, too
+        m_world->define.BackupFolder = Source(u"../source"_s); // without a closing separator, too
         CountingProgress progress;
-        BackupFiles(true, m_place->define, m_place->messages, progress);
-        QVERIFY(m_place->messages.TakeOnly().contains(u"sono la stessa"_s));
+        BackupFiles(true, m_world->define, m_world->messages, progress);
+        QVERIFY(m_world->messages.TakeOnly().contains(u"sono la stessa"_s));
         QCOMPARE(BytesOf(Source(u"a.LIM"_s)), "x");
-        m_place->define.BackupFolder = Source(u"none"_s);
-        BackupFiles(true, m_place->define, m_place->messages, progress);
-        QVERIFY(m_place->messages.TakeOnly().contains(u"none non esiste"_s));
+        m_world->define.BackupFolder = Source(u"none"_s);
+        BackupFiles(true, m_world->define, m_world->messages, progress);
+        QVERIFY(m_world->messages.TakeOnly().contains(u"none non esiste"_s));
     }
 
     void BackupAtClosing()
     {
         for (const auto& [text, yes] :
              {std::pair{u"0"_s, false}, {u"1"_s, true}, {u"-1"_s, true}, {u"x"_s, false}}) {
-            m_place->define.BkAutoSave = text;
-            QCOMPARE(BackupAtClose(m_place->define), yes);
+            m_world->define.BkAutoSave = text;
+            QCOMPARE(BackupAtClose(m_world->define), yes);
         }
     }
 
     void CompanyRecord()
     {
         QVERIFY(Start());
-        const QString db = m_place->define.DbFile;
+        const QString db = m_world->define.DbFile;
         QCOMPARE(ReadCompany(db).texts, Company().texts); // null fields read as empty
         Company company{
             .texts = {u"Rossi & C. \"Lab\""_s, u"R. D'Arco"_s}, .logoPath = u"/a.bmp"_s, .noLogo = true};
@@ -283,7 +283,7 @@ private Q_SLOTS:
         try {
             WriteCompany(db, company);
         } catch (const RuntimeFailure& failure) {
-            told = CompanyFailureText(m_place->define, failure);
+            told = CompanyFailureText(m_world->define, failure);
         }
         QVERIFY2(told.contains(u"\"Indirizzo E-Mail\" è più lungo"_s), qPrintable(told));
         {
@@ -302,7 +302,7 @@ private Q_SLOTS:
     }
 
 private:
-    bool Start() { return InitPaths(m_place->define, m_documents, m_place->messages); }
+    bool Start() { return InitPaths(m_world->define, m_documents, m_world->messages); }
     void WriteIni(const QString& text) { QVERIFY(WriteBytes(m_app + u"QuoSet.ini"_s, text.toUtf8())); }
     QString Source(const QString& name) { return m_home->filePath(u"source/"_s) + name; }
     QString Target(const QString& name) { return m_home->filePath(u"target/"_s) + name; }
@@ -310,14 +310,14 @@ private:
     {
         QDir(m_home->path()).mkdir(u"source"_s);
         QDir(m_home->path()).mkdir(u"target"_s);
-        m_place->define.OpenSaveFolder = Source(u""_s);
-        m_place->define.BackupFolder = Target(u""_s);
+        m_world->define.OpenSaveFolder = Source(u""_s);
+        m_world->define.BackupFolder = Target(u""_s);
     }
 
     std::unique_ptr<QTemporaryDir> m_home;
     QString m_documents;
     QString m_app;
-    std::unique_ptr<TestPlace> m_place;
+    std::unique_ptr<TestWorld> m_world;
 };
 
 QTEST_GUILESS_MAIN(StartUpTest)

@@ -25,7 +25,7 @@ struct Define {
     std::int16_t LogoMaxWidth = 5700;
 
     QString
-        ProgramFolder; ///< where the executable and its read-only companions lie, without a closing separator
+        ProgramFolder; ///< where the executable and its read-only masters lie, without a closing separator
     QString IchDoc;    ///< the guideline
     QString BookDoc;   ///< the reference book
 

@@ -196,7 +196,7 @@ std::int16_t TestDocument::CountIn(QStringView text) const
 
 void TestDocument::BuildNumberFormat(Digits digits)
 {
-    m_numberFormat = digits;
+    m_fileDigits = digits;
     GetNumFormat(digits.interi, digits.decimali, m_context.define);
 }
 
@@ -400,5 +400,5 @@ void TestDocument::WriteFileLine(DataFileWriter& writer, const FileLine& line) c
 void TestDocument::WriteBody(DataFileWriter& writer) const
 {
     for (const DataGrid* grid : m_grids)
-        WriteRows(writer, *grid, m_numberFormat.decimali);
+        WriteRows(writer, *grid, m_fileDigits.decimali);
 }

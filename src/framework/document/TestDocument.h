@@ -231,7 +231,7 @@ private:
     FieldSet m_fields;
     std::optional<int> m_option;
     bool m_isModify = false;
-    Digits m_numberFormat; ///< with which values are written to the data file
+    Digits m_fileDigits; ///< with which values are written to the data file
     QString m_conclusions;
     InBoth<QStringList> m_conclText;
     std::optional<InBoth<QString>> m_verdict;

@@ -27,7 +27,7 @@ WindowPages::WindowPages(TestDocument& document, WindowFields& fields, Descripti
       m_fields(fields),
       m_descriptions(descriptions),
       m_commands(commands),
-      m_grids(document.Grids().size())
+      m_views(document.Grids().size())
 {
     setObjectName(u"SSTab1"_s);
     m_descriptions.Describe(this, {});
@@ -100,10 +100,10 @@ QGroupBox* WindowPages::GridFrame(const QString& name, const QString& title, std
 GridView* WindowPages::MakeGridView(std::size_t index, const QString& caption)
 {
     DataGrid& grid = m_document.Grid(index);
-    const QString name = m_grids.size() == 1 ? u"GridData"_s : u"GridData%1"_s.arg(index);
+    const QString name = m_views.size() == 1 ? u"GridData"_s : u"GridData%1"_s.arg(index);
     auto* view = new GridView(grid, name, caption);
     new CornerLabel(u"Dati"_s, view);
-    m_grids[index] = view;
+    m_views[index] = view;
     m_commands.AddGrid(view);
     m_descriptions.Describe(view, m_document.Context().define.DescGrid);
     connect(&grid, &DataGrid::Edited, this, [this, &grid](const GridChange& change) {

@@ -39,7 +39,7 @@ public:
     QGroupBox* SizeFrame(const QString& name, const QString& title, const QList<SizeRow>& rows);
     /// A frame with a grid of the document.
     QGroupBox* GridFrame(const QString& name, const QString& title, std::size_t grid = 0);
-    GridView* Grid(std::size_t index) const { return m_grids[index]; }
+    GridView* View(std::size_t index) const { return m_views[index]; }
     /// A frame with a table of the document.
     QGroupBox* TableFrame(const QString& name, const QString& title, QLatin1StringView control);
     /// The frame of the results, with an empty grid layout.
@@ -59,6 +59,6 @@ private:
     WindowFields& m_fields;
     Descriptions& m_descriptions;
     WindowCommands& m_commands;
-    std::vector<GridView*> m_grids; ///< by the grid's index
+    std::vector<GridView*> m_views; ///< by the grid's index
     QList<ChartPage*> m_charts;
 };

@@ -2,7 +2,7 @@
 // fail.
 #include "framework/document/DocumentLife.h"
 #include "Compare.h"
-#include "TestPlace.h"
+#include "TestWorld.h"
 #include "validation/limits/LimiDocument.h"
 
 #include <QTemporaryDir>
@@ -18,11 +18,11 @@ private Q_SLOTS:
 
     void FileDialogOfATest()
     {
-        m_place->define.OpenSaveFolder = u"Documenti/"_s;
-        SetFileDialog(m_place->Context(), m_document->Info());
-        QCOMPARE(m_place->dialog.Filter, u"Limiti (*.LIM)|*.LIM"_s);
-        QCOMPARE(m_place->dialog.DefaultExt, u"LIM"_s);
-        QCOMPARE(m_place->dialog.InitDir, u"Documenti/"_s);
+        m_world->define.OpenSaveFolder = u"Documenti/"_s;
+        SetFileDialog(m_world->Context(), m_document->Info());
+        QCOMPARE(m_world->dialog.Filter, u"Limiti (*.LIM)|*.LIM"_s);
+        QCOMPARE(m_world->dialog.DefaultExt, u"LIM"_s);
+        QCOMPARE(m_world->dialog.InitDir, u"Documenti/"_s);
     }
 
     void Registry()
@@ -68,10 +68,10 @@ private Q_SLOTS:
         QFETCH(bool, closes);
         QFETCH(bool, saved);
         Change(changed);
-        m_place->messages.WillAnswer(Answer{answer});
-        m_place->dialog.WillChoose(saveAs.isEmpty() ? saveAs : m_folder->filePath(saveAs));
+        m_world->messages.WillAnswer(Answer{answer});
+        m_world->dialog.WillChoose(saveAs.isEmpty() ? saveAs : m_folder->filePath(saveAs));
         QCOMPARE(CloseDocument(*m_document), closes);
-        QCOMPARE(m_place->messages.TakeOnly(), changed == 0 ? u"0 messages"_s : kQuestion);
+        QCOMPARE(m_world->messages.TakeOnly(), changed == 0 ? u"0 messages"_s : kQuestion);
         QCOMPARE(QFile::exists(m_folder->filePath(u"saved.LIM"_s)), saved);
         QCOMPARE(m_document->IsModify(), changed != 0 && !saved);
     }
@@ -79,11 +79,11 @@ private Q_SLOTS:
     void NewKeepsOrResets()
     {
         Change(1);
-        m_place->messages.WillAnswer(Answer::Cancel);
+        m_world->messages.WillAnswer(Answer::Cancel);
         QVERIFY(!NewDocument(*m_document));
         QCOMPARE(m_document->Grid().Text(0, 0), u"5.000"_s);
         QVERIFY(m_document->IsModify()); // the grid's flag is folded in before the question
-        m_place->messages.WillAnswer(Answer::No);
+        m_world->messages.WillAnswer(Answer::No);
         QVERIFY(NewDocument(*m_document));
         QCOMPARE(m_document->Grid().Text(0, 0), u"0.000"_s);
         QVERIFY(!m_document->IsModify() && !m_document->ChangeMade());
@@ -91,31 +91,31 @@ private Q_SLOTS:
 
     void Open()
     {
-        m_place->dialog.WillChoose(DataFile(u"one-to-five.LIM"_s));
+        m_world->dialog.WillChoose(DataFile(u"one-to-five.LIM"_s));
         QVERIFY(OpenDocument(*m_document));
         QCOMPARE(m_document->ControlText("LimDet"), u"15.8114"_s);
-        QCOMPARE(m_place->dialog.FileName, DataFile(u"one-to-five.LIM"_s));
-        QVERIFY(m_place->messages.All().isEmpty());
+        QCOMPARE(m_world->dialog.FileName, DataFile(u"one-to-five.LIM"_s));
+        QVERIFY(m_world->messages.All().isEmpty());
 
         // A cancelled dialog leaves the document, and the name that it had asked for anew.
-        m_place->dialog.WillChoose(QString());
+        m_world->dialog.WillChoose(QString());
         QVERIFY(!OpenDocument(*m_document));
         QCOMPARE(m_document->ControlText("LimDet"), u"15.8114"_s);
-        QCOMPARE(m_place->dialog.FileName, QString());
+        QCOMPARE(m_world->dialog.FileName, QString());
     }
 
     void OpenAsksFirst()
     {
         Change(1);
-        m_place->messages.WillAnswer(Answer::Cancel);
+        m_world->messages.WillAnswer(Answer::Cancel);
         QVERIFY(!OpenDocument(*m_document));
-        QCOMPARE(m_place->dialog.Asked(), 0);
+        QCOMPARE(m_world->dialog.Asked(), 0);
 
         // After a yes the saved document stays when the dialog of Open is cancelled.
         const QString saved = m_folder->filePath(u"saved.LIM"_s);
-        m_place->messages.WillAnswer(Answer::Yes);
-        m_place->dialog.WillChoose(saved);
-        m_place->dialog.WillChoose(QString());
+        m_world->messages.WillAnswer(Answer::Yes);
+        m_world->dialog.WillChoose(saved);
+        m_world->dialog.WillChoose(QString());
         QVERIFY(!OpenDocument(*m_document));
         QCOMPARE(m_document->Title(), u"Limiti - "_s + saved);
     }
@@ -133,12 +133,12 @@ private Q_SLOTS:
         QFETCH(int, changed);
         QFETCH(bool, goesOn);
         Change(changed);
-        m_place->messages.WillAnswer(Answer::Yes);
-        m_place->dialog.WillChoose(QString());
+        m_world->messages.WillAnswer(Answer::Yes);
+        m_world->dialog.WillChoose(QString());
         if (goesOn)
-            m_place->dialog.WillChoose(DataFile(u"one-to-five.LIM"_s));
+            m_world->dialog.WillChoose(DataFile(u"one-to-five.LIM"_s));
         QCOMPARE(OpenDocument(*m_document), goesOn);
-        QCOMPARE(m_place->dialog.Asked(), goesOn ? 2 : 1);
+        QCOMPARE(m_world->dialog.Asked(), goesOn ? 2 : 1);
     }
 
     void OpenWithoutAWord_data()
@@ -157,44 +157,44 @@ private Q_SLOTS:
         const QByteArray whole = BytesOf(DataFile(u"one-to-five.LIM"_s));
         const QString cut = m_folder->filePath(u"cut.LIM"_s);
         QVERIFY(WriteBytes(cut, whole.first(whole.indexOf("3,3"))));
-        m_place->dialog.WillChoose(m_folder->filePath(name));
+        m_world->dialog.WillChoose(m_folder->filePath(name));
         QVERIFY(OpenDocument(*m_document));
-        QVERIFY(m_place->messages.All().isEmpty());
+        QVERIFY(m_world->messages.All().isEmpty());
         QCOMPARE(m_document->ReadStop(), std::optional(stop));
         // What was not read is not overwritten: a save asks for a name.
-        m_place->dialog.WillChoose(QString());
+        m_world->dialog.WillChoose(QString());
         SaveDocument(*m_document);
-        QCOMPARE(m_place->dialog.Asked(), 2);
+        QCOMPARE(m_world->dialog.Asked(), 2);
         QVERIFY(BytesOf(cut).size() < whole.size());
     }
 
     void AllDocumentsShareTheName()
     {
-        const auto otherMade = MakeDocument<LimiDocument>(m_place->Context());
+        const auto otherMade = MakeDocument<LimiDocument>(m_world->Context());
         LimiDocument& other = *otherMade;
         const QString file = m_folder->filePath(u"first.LIM"_s);
         QVERIFY(QFile::copy(DataFile(u"one-to-five.LIM"_s), file));
-        m_place->dialog.WillChoose(file);
+        m_world->dialog.WillChoose(file);
         QVERIFY(OpenDocument(*m_document));
         SaveDocument(other); // no dialog: it goes to the file that the first one opened
-        QCOMPARE(m_place->dialog.Asked(), 1);
+        QCOMPARE(m_world->dialog.Asked(), 1);
         QCOMPARE(other.Title(), u"Limiti - "_s + file);
         QVERIFY(BytesOf(file).contains("\r\n10,0.000\r\n"));
         other.ResetDocument();
-        QCOMPARE(m_place->dialog.FileName, QString());
+        QCOMPARE(m_world->dialog.FileName, QString());
     }
 
     void SaveAs()
     {
         const QString first = m_folder->filePath(u"first.LIM"_s);
-        m_place->dialog.WillChoose(first);
+        m_world->dialog.WillChoose(first);
         SaveDocument(*m_document);
-        m_place->dialog.WillChoose(QString());
+        m_world->dialog.WillChoose(QString());
         SaveDocumentAs(*m_document);
-        QCOMPARE(m_place->dialog.FileName, QString()); // emptied before the dialog, which was cancelled
+        QCOMPARE(m_world->dialog.FileName, QString()); // emptied before the dialog, which was cancelled
         QCOMPARE(m_document->Title(), u"Limiti - "_s + first);
         const QString second = m_folder->filePath(u"però due.LIM"_s);
-        m_place->dialog.WillChoose(second);
+        m_world->dialog.WillChoose(second);
         SaveDocumentAs(*m_document);
         QCOMPARE(BytesOf(second), BytesOf(first));
     }
@@ -214,23 +214,23 @@ private Q_SLOTS:
         Change(changed);
         m_document->TypeInputData(TestDocument::kUnitInput, u"µΩ"_s);
         m_document->SetIsModify(false);
-        m_place->dialog.WillChoose(file);
+        m_world->dialog.WillChoose(file);
         SaveDocument(*m_document);
-        const QString told = m_place->messages.TakeOnly();
+        const QString told = m_world->messages.TakeOnly();
         QVERIFY2(told.contains(u"U.M. della conc. dell'analita"_s) && told.contains(u"Ω"_s) &&
                      told.contains(file),
                  qPrintable(told));
         QCOMPARE(BytesOf(file), "former");
         QVERIFY(m_document->IsModify());
         QCOMPARE(m_document->Title(), u"Limiti - no file"_s);
-        QCOMPARE(m_place->dialog.FileName, QString()); // the next save asks again
+        QCOMPARE(m_world->dialog.FileName, QString()); // the next save asks again
 
         // Open stops after it, too: nothing is lost.
-        m_place->messages.WillAnswer(Answer::Yes);
-        m_place->dialog.WillChoose(m_folder->path());
+        m_world->messages.WillAnswer(Answer::Yes);
+        m_world->dialog.WillChoose(m_folder->path());
         QVERIFY(!OpenDocument(*m_document));
-        QCOMPARE(m_place->dialog.Asked(), 2);
-        QVERIFY(m_place->messages.All().last().icon == MessageIcon::Critical);
+        QCOMPARE(m_world->dialog.Asked(), 2);
+        QVERIFY(m_world->messages.All().last().icon == MessageIcon::Critical);
     }
 
     void FailureMessages()

@@ -1,6 +1,6 @@
 // What the tables of a document's shape bring about, in a document that has all of them: grids in the plural,
 // fields by name, sizes with two ends, options, file lines, tables, values, charts, and the JSON of it all.
-#include "TestPlace.h"
+#include "TestWorld.h"
 #include "batch/JsonOutput.h"
 #include "framework/MadeUpDocument.h"
 
@@ -100,7 +100,7 @@ private Q_SLOTS:
         QCOMPARE(m_document->LeaveSize(QLatin1StringView(name)), text == left);
         QCOMPARE(m_document->ControlText(control), left);
         const bool refused = text != left;
-        QCOMPARE(m_place->messages.Beeps(), refused && control == u"Dimensioni0"_s ? 1 : 0);
+        QCOMPARE(m_world->messages.Beeps(), refused && control == u"Dimensioni0"_s ? 1 : 0);
         if (applied || refused)
             QCOMPARE(m_document->ControlText("nDatiTot"),
                      QString::number(m_document->Grid(2).Rows() * m_document->Grid(2).Cols()));
@@ -122,8 +122,8 @@ private Q_SLOTS:
     /// digits.
     void FileOfAllKindsOfLines()
     {
-        m_place->define.DecSep = u","_s;
-        m_document = MakeDocument<MadeUpDocument>(m_place->Context());
+        m_world->define.DecSep = u","_s;
+        m_document = MakeDocument<MadeUpDocument>(m_world->Context());
         m_document->TypeInputData(TestDocument::kUnitInput, u"µg"_s);
         m_document->ChooseOption(3);
         Fill(*m_document);
@@ -176,7 +176,7 @@ private Q_SLOTS:
         QCOMPARE(m_document->Calc(), CalcEnd::SumIsZero);
         m_document->Grid().SetValue(0, 0, -1);
         QCOMPARE(m_document->Calc(), CalcEnd::Refused);
-        QCOMPARE(m_place->messages.TakeOnly(), u"somma\nnegativa"_s);
+        QCOMPARE(m_world->messages.TakeOnly(), u"somma\nnegativa"_s);
         QCOMPARE(m_document->ControlText("Esito"), u"NONE"_s);
         QCOMPARE(m_document->Table("SprLinearita")->Rows()[2], QStringList({u"Totali"_s, u"0"_s, QString()}));
     }

@@ -1,7 +1,7 @@
 // Reading fields and lines, the code page, writing, and files that are whole or not at all.
 #include "Compare.h"
 #include "FullDisk.h"
-#include "TestPlace.h"
+#include "TestWorld.h"
 #include "framework/files/CodePage.h"
 #include "framework/files/DataFileReader.h"
 #include "framework/files/DataFileWriter.h"

@@ -1,7 +1,7 @@
 // The grid's model: sizes, digits, what can be typed, what is shown, and what views are told.
 #include "framework/grid/DataGrid.h"
 #include "Compare.h"
-#include "TestPlace.h"
+#include "TestWorld.h"
 #include "framework/grid/TabText.h"
 
 #include <QAbstractItemModelTester>

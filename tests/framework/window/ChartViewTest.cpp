@@ -2,7 +2,7 @@
 // module.
 #include "framework/window/ChartView.h"
 #include "Compare.h"
-#include "TestPlace.h"
+#include "TestWorld.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -55,10 +55,10 @@ private Q_SLOTS:
     void init()
     {
         FailOnWarnings();
-        m_place = std::make_unique<TestPlace>();
-        m_place->define.ProgramFolder = QStringLiteral(QUOREL_TEST_PROGRAM);
-        m_place->define.DecSep = u","_s;
-        m_place->dialog.FileName = u"lotto.PRE"_s;
+        m_world = std::make_unique<TestWorld>();
+        m_world->define.ProgramFolder = QStringLiteral(QUOREL_TEST_PROGRAM);
+        m_world->define.DecSep = u","_s;
+        m_world->dialog.FileName = u"lotto.PRE"_s;
     }
 
     void cleanup() { m_view.reset(); }
@@ -225,16 +225,16 @@ private Q_SLOTS:
                                                  {u"png"_s, u"Salva come P&NG..."_s}};
         for (const auto& [extension, start] : kinds.asKeyValueRange()) {
             const QString file = folder.filePath(u"curva."_s + extension);
-            m_place->dialog.WillChoose(file);
+            m_world->dialog.WillChoose(file);
             Choose(captions[extension]);
             QVERIFY2(BytesOf(file).startsWith(start), qPrintable(extension));
-            QCOMPARE(m_place->dialog.FileName, u"lotto.PRE"_s);
+            QCOMPARE(m_world->dialog.FileName, u"lotto.PRE"_s);
         }
-        m_place->dialog.WillChoose(QString());
+        m_world->dialog.WillChoose(QString());
         Choose(captions[u"pdf"_s]); // cancelled
-        m_place->dialog.WillChoose(folder.filePath(u"no/curva.pdf"_s));
+        m_world->dialog.WillChoose(folder.filePath(u"no/curva.pdf"_s));
         Choose(captions[u"pdf"_s]);
-        QVERIFY(m_place->messages.TakeOnly().startsWith(u"Il grafico non è stato salvato nel file\n"_s));
+        QVERIFY(m_world->messages.TakeOnly().startsWith(u"Il grafico non è stato salvato nel file\n"_s));
     }
 
     void NothingToDoWithoutAChart()
@@ -248,7 +248,7 @@ private Q_SLOTS:
 
     void ModuleIsMissing()
     {
-        m_place->define.ProgramFolder = u"/nowhere"_s;
+        m_world->define.ProgramFolder = u"/nowhere"_s;
         Show(Roof());
         const QImage image = m_view->grab().toImage();
         m_view->ShowChart(Roof()); // says so again, and fails no differently
@@ -260,7 +260,7 @@ private Q_SLOTS:
 private:
     QByteArray Export(const ChartData& chart, ChartFormat format, const QString& decSep = u","_s)
     {
-        const auto painter = CreateChartPainter(m_place->define.ProgramFolder);
+        const auto painter = CreateChartPainter(m_world->define.ProgramFolder);
         painter->SetChart(chart, decSep);
         return painter->Export(format, kChartPage);
     }
@@ -276,7 +276,7 @@ private:
 
     void Show(const ChartData& chart)
     {
-        m_view = std::make_unique<ChartView>(chart.name, u"Grafico"_s, m_place->Context());
+        m_view = std::make_unique<ChartView>(chart.name, u"Grafico"_s, m_world->Context());
         m_view->ShowChart(chart);
         m_view->resize(800, 500);
         m_view->show();
@@ -339,7 +339,7 @@ private:
         return enabled;
     }
 
-    std::unique_ptr<TestPlace> m_place;
+    std::unique_ptr<TestWorld> m_world;
     std::unique_ptr<ChartView> m_view;
 };
 

@@ -1,7 +1,7 @@
 // What every test window has around its document: toolbar, menus, panels, bands, descriptions, number format
 // dialog.
 #include "Compare.h"
-#include "TestWindowPlace.h"
+#include "WindowWorld.h"
 #include "framework/window/EditCommands.h"
 #include "framework/window/NumberFormatDialog.h"
 #include "framework/window/TestMenus.h"
@@ -39,7 +39,7 @@ private Q_SLOTS:
     void init()
     {
         FailOnWarnings();
-        m_open = std::make_unique<TestWindowPlace<LimiWindow, LimiDocument>>();
+        m_open = std::make_unique<WindowWorld<LimiWindow, LimiDocument>>();
     }
 
     void MenusOfALimitsWindow()
@@ -224,7 +224,7 @@ private Q_SLOTS:
         QFETCH(QString, decimals);
         QFETCH(QString, format);
         QFETCH(QString, message);
-        NumberFormatDialog dialog(m_open->window->Document().Grid(), m_open->place.Context(),
+        NumberFormatDialog dialog(m_open->window->Document().Grid(), m_open->world.Context(),
                                   [](const auto& event) { event(); });
         const std::array fields = {dialog.findChild<QLineEdit*>(u"NumForm0"_s),
                                    dialog.findChild<QLineEdit*>(u"NumForm1"_s)};
@@ -238,7 +238,7 @@ private Q_SLOTS:
         dialog.findChild<QPushButton*>(u"Command10"_s)->click();
         QCOMPARE(dialog.NumberFormat, format);
         QCOMPARE(dialog.result() == QDialog::Accepted, message.isEmpty());
-        QCOMPARE(m_open->place.messages.TakeOnly(), message.isEmpty() ? u"0 messages"_s : message);
+        QCOMPARE(m_open->world.messages.TakeOnly(), message.isEmpty() ? u"0 messages"_s : message);
     }
 
     void SetupChangesGridAndResults_data()
@@ -263,13 +263,13 @@ private Q_SLOTS:
         QCOMPARE(grid.Format().LargestText(), u"9999,99"_s);
         QCOMPARE(m_open->Find<StatusPanel>("StatusBar")->text(), u"Formato numeri: Interi 4  Decimali 2"_s);
         QCOMPARE(m_open->window->findChild<QLabel*>(u"StDev"_s)->text(), changed ? u"0,39"_s : u"0,000"_s);
-        QCOMPARE(m_open->place.define.NumFormat, u"###0.00"_s);
+        QCOMPARE(m_open->world.define.NumFormat, u"###0.00"_s);
         QVERIFY(!m_open->window->Document().IsModify() && !m_open->window->Document().ChangeMade());
 
         AnswerFormat(u"9"_s, u"4"_s, "Command11"); // cancelled: all stays
         m_open->Find<QAction>("StrumentiSetup")->trigger();
         QCOMPARE(grid.Text(0, 0), u"1,23"_s);
-        QCOMPARE(m_open->place.define.NumFormat, u"###0.00"_s);
+        QCOMPARE(m_open->world.define.NumFormat, u"###0.00"_s);
     }
 
     void SmallWindowScrolls()
@@ -295,7 +295,7 @@ private:
         });
     }
 
-    std::unique_ptr<TestWindowPlace<LimiWindow, LimiDocument>> m_open;
+    std::unique_ptr<WindowWorld<LimiWindow, LimiDocument>> m_open;
 };
 
 QTEST_MAIN(FurnishingsTest)

@@ -1,7 +1,7 @@
 // The grid on screen: keys, blocks, clipboard, dragging and the popup, with real key and mouse events.
 #include "framework/window/GridView.h"
 #include "Compare.h"
-#include "TestPlace.h"
+#include "TestWorld.h"
 #include "framework/window/EditCommands.h"
 
 #include <QApplication>
@@ -22,7 +22,7 @@ private Q_SLOTS:
     void init()
     {
         FailOnWarnings();
-        m_place = std::make_unique<TestPlace>();
+        m_world = std::make_unique<TestWorld>();
         m_grid = std::make_unique<DataGrid>(u","_s);
         m_grid->SetSize(4, 2);
         m_grid->SetDigits({.interi = 3, .decimali = 1});
@@ -30,7 +30,7 @@ private Q_SLOTS:
             m_grid->SetValue(i / 2, i % 2, i);
         m_view = std::make_unique<GridView>(*m_grid, u"GridData"_s, u"Risultati"_s);
         connect(m_view.get(), &GridView::Dropped, this, [this](const GridBlock& from, int row, int col) {
-            DropBlock(*m_view, m_grid->Edits(), from, row, col, m_place->Context());
+            DropBlock(*m_view, m_grid->Edits(), from, row, col, m_world->Context());
         });
         m_view->resize(400, 300);
         m_view->show();
@@ -162,11 +162,11 @@ private Q_SLOTS:
         QFETCH(QString, after);
         if (!onNumbers)
             m_grid->Edits().ClearBlock({.row = 2, .col = 0, .rows = 2, .cols = 1});
-        m_place->messages.WillAnswer(Answer{answer});
+        m_world->messages.WillAnswer(Answer{answer});
         m_view->SelectBlock({.row = 0, .col = 0, .rows = 2, .cols = 1});
         Drag(BorderOf(0, 0), Middle(3, 0)); // dragged beyond: the block ends where the grid ends
         QCOMPARE(Column(0), after);
-        QCOMPARE(m_place->messages.TakeOnly(),
+        QCOMPARE(m_world->messages.TakeOnly(),
                  onNumbers ? u"Desideri spostare i dati selezionati?\nScegliendo No i dati verranno copiati"_s
                            : u"0 messages"_s);
         if (after == u"||0,0|2,0")
@@ -273,7 +273,7 @@ private:
         return m_grid->Edits().BlockText({.row = 0, .col = col, .rows = 4, .cols = 1}).replace(u'\n', u'|');
     }
 
-    std::unique_ptr<TestPlace> m_place;
+    std::unique_ptr<TestWorld> m_world;
     std::unique_ptr<DataGrid> m_grid;
     std::unique_ptr<GridView> m_view;
 };

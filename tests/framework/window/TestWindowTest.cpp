@@ -1,7 +1,7 @@
 // What every test window can be made of, in a window over a document that has all of it: several grids and
 // the caret's walk, events that fail, added commands, options, tables, two charts on a page.
 #include "framework/window/TestWindow.h"
-#include "TestWindowPlace.h"
+#include "WindowWorld.h"
 #include "framework/MadeUpDocument.h"
 #include "framework/window/ChartView.h"
 #include "framework/window/CornerLabel.h"
@@ -37,7 +37,7 @@ public:
                             {results, Pages().TableFrame(u"Frame7"_s, u"Varianza"_s, "SprLinearita"_L1)});
         Pages().AddChartPage(u"Grafici"_s);
         for (std::size_t i = 0; i < 3; ++i)
-            Pages().Grid(i)->SetWalk(2, Pages().Grid((i + 2) % 3), Pages().Grid((i + 1) % 3));
+            Pages().View(i)->SetWalk(2, Pages().View((i + 2) % 3), Pages().View((i + 1) % 3));
         Commands().Add({u"StrumentiConcentrazioni"_s, [this] { ++concentrations; }});
     }
 
@@ -54,19 +54,19 @@ private Q_SLOTS:
     void init()
     {
         FailOnWarnings();
-        m_open = std::make_unique<TestWindowPlace<MadeUpWindow, MadeUpDocument>>();
+        m_open = std::make_unique<WindowWorld<MadeUpWindow, MadeUpDocument>>();
         m_open->ShowData();
     }
 
     void CaretWalksFromGridToGrid()
     {
-        Go(0, 3, 0);
+        m_open->Go(3, 0, 0);
         QTest::keyClick(Grid(0), Qt::Key_Return);
         QCOMPARE(At(), u"0: 0,1"_s);
-        Go(0, 3, 1);
+        m_open->Go(3, 1, 0);
         QTest::keyClick(Grid(0), Qt::Key_Tab);
         QCOMPARE(At(), u"1: 0,0"_s);
-        Go(0, 0, 0);
+        m_open->Go(0, 0, 0);
         QTest::keyClick(Grid(0), Qt::Key_Backtab, Qt::ShiftModifier);
         QCOMPARE(At(), u"2: 3,1"_s);
         Grid(0)->hide(); // where the walk would go on, it ends
@@ -76,14 +76,13 @@ private Q_SLOTS:
 
     void DocumentFollowsEachEdit()
     {
-        Go(1, 0, 0);
+        m_open->Go(0, 0, 1);
         QApplication::clipboard()->setText(u"6\t2"_s);
         QTest::keySequence(Grid(1), QKeySequence::Paste);
         QCOMPARE(Text(1, 0, 2), u"3,00"_s);
         QVERIFY(m_open->Find<QAction>("Save")->isEnabled());
-        Go(1, 0, 1);
-        QTest::keyClicks(Grid(1), u"4"_s);
-        QTest::keyClick(Editor(1), Qt::Key_Return);
+        m_open->Go(0, 1, 1);
+        m_open->Keys(u"4"_s, Qt::Key_Return);
         QCOMPARE(Text(1, 0, 2), u"1,50"_s);
         QTest::keySequence(Grid(1), QKeySequence::Undo);
         QCOMPARE(Text(1, 0, 2), u"3,00"_s);
@@ -91,10 +90,9 @@ private Q_SLOTS:
 
     void EditThatFailsEndsTheProgramAsTheFileMenuDoes()
     {
-        Go(2, 1, 0);
-        QTest::keyClicks(Grid(2), u"7"_s);
-        QTest::keyClick(Editor(2), Qt::Key_Return); // by the 0 beside it
-        QCOMPARE(m_open->place.messages.TakeOnly(), u"Errore di run-time '11': Divisione per zero"_s);
+        m_open->Go(1, 0, 2);
+        m_open->Keys(u"7"_s, Qt::Key_Return); // by the 0 beside it
+        QCOMPARE(m_open->world.messages.TakeOnly(), u"Errore di run-time '11': Divisione per zero"_s);
         QTRY_COMPARE(m_open->frame.ended, 1);
         QCOMPARE(Text(2, 1, 0), u"7,00"_s);
     }
@@ -104,11 +102,11 @@ private Q_SLOTS:
         auto* item = m_open->Find<QAction>("StrumentiConcentrazioni");
         item->trigger();
         QCOMPARE(m_open->window->concentrations, 1);
-        Go(0, 0, 0);
+        m_open->Go(0, 0, 0);
         QTest::keyClicks(Grid(0), u"x"_s);
         item->trigger(); // refused: what is being typed is no number
         QCOMPARE(m_open->window->concentrations, 1);
-        QTest::keyClick(Editor(0), Qt::Key_Escape);
+        QTest::keyClick(m_open->Editor(), Qt::Key_Escape);
     }
 
     void ItemsSayWhyTheyAreGrey()
@@ -138,7 +136,7 @@ private Q_SLOTS:
         QCOMPARE(checked(), u"Option1"_s);
         QVERIFY(m_open->Find<QRadioButton>("Option2")->isHidden());
         QVERIFY(m_open->Find<QLabel>("Esito")->isHidden());
-        QTest::mouseClick(m_open->Find<QRadioButton>("Option3"), Qt::LeftButton, {}, QPoint(8, 8));
+        m_open->ClickOption("Option3");
         QCOMPARE(checked(), u"Option3"_s);
         QVERIFY(!m_open->Find<QLabel>("Esito")->isHidden());
         const QTemporaryDir folder;
@@ -189,16 +187,10 @@ private Q_SLOTS:
     }
 
 private:
-    GridView* Grid(int index) { return m_open->window->findChild<GridView*>(u"GridData%1"_s.arg(index)); }
-    QLineEdit* Editor(int index) { return Grid(index)->viewport()->findChild<QLineEdit*>(); }
+    GridView* Grid(int index) { return m_open->GridAt(index); }
     QString Text(int grid, int row, int col)
     {
         return Grid(grid)->model()->index(row, col).data().toString();
-    }
-    void Go(int grid, int row, int col)
-    {
-        Grid(grid)->setFocus();
-        Grid(grid)->setCurrentIndex(Grid(grid)->model()->index(row, col));
     }
     /// "grid: row,column" of the caret that has the focus.
     QString At()
@@ -211,7 +203,7 @@ private:
             .arg(view->currentIndex().column());
     }
 
-    std::unique_ptr<TestWindowPlace<MadeUpWindow, MadeUpDocument>> m_open;
+    std::unique_ptr<WindowWorld<MadeUpWindow, MadeUpDocument>> m_open;
 };
 
 QTEST_MAIN(TestWindowTest)

@@ -1,7 +1,7 @@
 // The document of the limits: its numbers, its file in both forms, what its fields do, and bad files.
 #include "validation/limits/LimiDocument.h"
 #include "Compare.h"
-#include "TestPlace.h"
+#include "TestWorld.h"
 #include "framework/document/DocumentLife.h"
 #include "validation/limits/LimiCalc.h"
 
@@ -66,7 +66,7 @@ private Q_SLOTS:
         QCOMPARE(m_document->ControlText("LimRil"), u"0.000"_s);
         QCOMPARE(m_document->ControlText("LabelRil"), u"Limite di rilevazione"_s);
         QCOMPARE(m_document->FormatText(), u"Formato numeri: Interi 3  Decimali 3"_s);
-        QCOMPARE(m_place->define.NumFormat, u"##0.000"_s);
+        QCOMPARE(m_world->define.NumFormat, u"##0.000"_s);
 
         const QSignalSpy pointer(m_document.get(), &TestDocument::Pointer);
         QVERIFY(m_document->Calc() != CalcEnd::Done); // all cells 0: nothing, and the hourglass stays on
@@ -116,7 +116,7 @@ private Q_SLOTS:
     void ResultsTakeTheFormatBuiltLast()
     {
         Type(*m_document, {u"1"_s, u"2"_s});
-        GetNumFormat(3, 1, m_place->define); // in another window
+        GetNumFormat(3, 1, m_world->define); // in another window
         QCOMPARE(m_document->Calc(), CalcEnd::Done);
         QCOMPARE(m_document->ControlText("LimDet"), u"6.7"_s);
         m_document->WriteToFile(m_file);
@@ -184,8 +184,8 @@ private Q_SLOTS:
     {
         QFETCH(QString, name);
         for (const QString& decSep : {u","_s, u"."_s}) {
-            m_place->define.DecSep = decSep;
-            const auto documentMade = MakeDocument<LimiDocument>(m_place->Context());
+            m_world->define.DecSep = decSep;
+            const auto documentMade = MakeDocument<LimiDocument>(m_world->Context());
             LimiDocument& document = *documentMade;
             document.ReadFromFile(DataFile(name));
             QCOMPARE(document.Title(), u"Limiti - "_s + DataFile(name));
@@ -311,7 +311,7 @@ private Q_SLOTS:
         QVERIFY(WriteBytes(m_file, bytes.first(bytes.indexOf("5,5"))));
         LoadDocument(*m_document, m_file);
         QCOMPARE(m_document->Grid().GetDigits(), (Digits{3, 3}));
-        QCOMPARE(m_place->define.NumFormat, u"##0.0000"_s);
+        QCOMPARE(m_world->define.NumFormat, u"##0.0000"_s);
     }
 
     void CountWithoutRowsIsRefusedQuickly()

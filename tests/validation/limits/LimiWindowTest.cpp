@@ -1,7 +1,7 @@
 // The window of the limits as a user meets it: real keys and clicks, under both decimal separators.
 #include "validation/limits/LimiWindow.h"
 #include "Compare.h"
-#include "TestWindowPlace.h"
+#include "WindowWorld.h"
 #include "validation/limits/LimiDocument.h"
 
 #include <QSignalSpy>
@@ -55,10 +55,10 @@ private Q_SLOTS:
         QFETCH(QString, decSep);
         Open(decSep);
         m_open->ShowData();
-        Focus(0, 0);
-        Keys(u"1,5"_s, Qt::Key_Return);
-        Keys(u"2.25"_s, Qt::Key_Tab);
-        QCOMPARE(Current(), QPoint(0, 2));
+        m_open->Go(0, 0);
+        m_open->Keys(u"1,5"_s, Qt::Key_Return);
+        m_open->Keys(u"2.25"_s, Qt::Key_Tab);
+        QCOMPARE(m_open->Caret(), QPoint(2, 0));
         QCOMPARE(m_open->CellText(0), Shown(u"1,500"_s, decSep));
         QCOMPARE(m_open->CellText(1), Shown(u"2,250"_s, decSep));
         m_open->Trigger("StrumentiCalcola");
@@ -70,33 +70,33 @@ private Q_SLOTS:
     void CaretWalksTheColumn()
     {
         m_open->ShowData();
-        Focus(9, 0);
-        Keys(u"7"_s, Qt::Key_Return); // the end of the last column
-        QCOMPARE(Current(), QPoint(0, 9));
+        m_open->Go(9, 0);
+        m_open->Keys(u"7"_s, Qt::Key_Return); // the end of the last column
+        QCOMPARE(m_open->Caret(), QPoint(9, 0));
         QCOMPARE(m_open->CellText(9), u"7,000"_s);
         QTest::keyClick(m_open->GridWidget(), Qt::Key_Backtab, Qt::ShiftModifier);
-        QCOMPARE(Current(), QPoint(0, 8));
-        Focus(0, 0);
+        QCOMPARE(m_open->Caret(), QPoint(8, 0));
+        m_open->Go(0, 0);
         QTest::keyClick(m_open->GridWidget(), Qt::Key_Return, Qt::ShiftModifier);
-        QCOMPARE(Current(), QPoint(0, 0));
+        QCOMPARE(m_open->Caret(), QPoint(0, 0));
     }
 
     void RefusedTextKeepsTheFieldOpen()
     {
         m_open->ShowData();
-        Focus(0, 0);
-        Keys(u"1000"_s, Qt::Key_Return);
-        QCOMPARE(Current(), QPoint(0, 0));
+        m_open->Go(0, 0);
+        m_open->Keys(u"1000"_s, Qt::Key_Return);
+        QCOMPARE(m_open->Caret(), QPoint(0, 0));
         QCOMPARE(m_open->CellText(0), u"0,000"_s);
         QCOMPARE(m_open->Find<QLabel>("DescrBar")->text(), u"\"1000\" non è un numero da 0 a 999,999"_s);
-        QCOMPARE(Editor()->selectedText(), u"1000"_s);
-        QTest::keyClick(Editor(), Qt::Key_Escape);
-        QTRY_VERIFY(Editor() == nullptr);
+        QCOMPARE(m_open->Editor()->selectedText(), u"1000"_s);
+        QTest::keyClick(m_open->Editor(), Qt::Key_Escape);
+        QTRY_VERIFY(m_open->Editor() == nullptr);
         QCOMPARE(m_open->CellText(0), u"0,000"_s);
         QVERIFY(!m_open->window->Document().ChangeMade());
         QTest::keyClick(m_open->GridWidget(), Qt::Key_F2);
-        QCOMPARE(Editor()->text(), u"0,000"_s);
-        QTest::keyClick(Editor(), Qt::Key_Escape);
+        QCOMPARE(m_open->Editor()->text(), u"0,000"_s);
+        QTest::keyClick(m_open->Editor(), Qt::Key_Escape);
     }
 
     void CommandsTakeOverWhatIsBeingTyped()
@@ -104,15 +104,15 @@ private Q_SLOTS:
         const QTemporaryDir folder;
         m_open->Type(0, u"1"_s);
         m_open->ShowData();
-        Focus(1, 0);
+        m_open->Go(1, 0);
         QTest::keyClicks(m_open->GridWidget(), u"7"_s);
         m_open->TriggerWithFile("FileSalva", folder.filePath(u"a.LIM"_s));
         QVERIFY(BytesOf(folder.filePath(u"a.LIM"_s)).contains("\r\n2,7.000\r\n"));
         QTest::keyClicks(m_open->GridWidget(), u"x"_s);
         m_open->Trigger("FileChiudi"); // refused: the window stays, and the field with it
         QVERIFY(m_open->window->isVisible());
-        QTRY_COMPARE(Editor()->text(), u"x"_s);
-        QTest::keyClick(Editor(), Qt::Key_Escape);
+        QTRY_COMPARE(m_open->Editor()->text(), u"x"_s);
+        QTest::keyClick(m_open->Editor(), Qt::Key_Escape);
     }
 
     /// Whatever takes the focus: the text stays to be mended, and nothing is calculated without it.
@@ -120,15 +120,15 @@ private Q_SLOTS:
     {
         m_open->Type(0, u"1"_s);
         m_open->ShowData();
-        Focus(0, 0);
+        m_open->Go(0, 0);
         QTest::keyClicks(m_open->GridWidget(), u"1"_s);
-        QTest::keyClicks(Editor(), u"250"_s);
+        QTest::keyClicks(m_open->Editor(), u"250"_s);
         m_open->Find<QLineEdit>("nDet")->setFocus();
         QCOMPARE(m_open->Find<QLabel>("DescrBar")->text(), u"\"1250\" non è un numero da 0 a 999,999"_s);
         m_open->Trigger("StrumentiCalcola");
         QCOMPARE(m_open->Find<QLabel>("StDev")->text(), u"0,000"_s);
-        QTRY_COMPARE(Editor()->text(), u"1250"_s);
-        QTest::keyClicks(Editor(), u"125"_s);
+        QTRY_COMPARE(m_open->Editor()->text(), u"1250"_s);
+        QTest::keyClicks(m_open->Editor(), u"125"_s);
         m_open->Trigger("StrumentiCalcola");
         QCOMPARE(m_open->CellText(0), u"125,000"_s);
         QVERIFY(m_open->Find<QLabel>("StDev")->text() != u"0,000"_s);
@@ -137,13 +137,13 @@ private Q_SLOTS:
     void EmptiedCellEndsTheProgramAsTheFileMenuDoes()
     {
         m_open->ShowData();
-        Focus(0, 0);
-        Keys(u"1"_s, Qt::Key_Return);
-        Focus(1, 0);
+        m_open->Go(0, 0);
+        m_open->Keys(u"1"_s, Qt::Key_Return);
+        m_open->Go(1, 0);
         QTest::keyClick(m_open->GridWidget(), Qt::Key_Delete);
         QCOMPARE(m_open->CellText(1), QString());
         m_open->Trigger("StrumentiCalcola");
-        QCOMPARE(m_open->place.messages.TakeOnly(), u"Errore di run-time '13': Tipo non corrispondente"_s);
+        QCOMPARE(m_open->world.messages.TakeOnly(), u"Errore di run-time '13': Tipo non corrispondente"_s);
         QTRY_COMPARE(m_open->frame.ended, 1);
         QCOMPARE(m_open->Find<QLabel>("StDev")->text(), u"0,000"_s);
     }
@@ -182,7 +182,7 @@ private Q_SLOTS:
         m_open->Type(0, u"1"_s);
         m_open->Trigger("StrumentiCalcola");
         m_open->ShowData();
-        ClickOption("OptionRilDet1");
+        m_open->ClickOption("OptionRilDet1");
         QVERIFY(!m_open->Find<QLabel>("LimRil")->isVisible());
         QVERIFY(m_open->Find<QLabel>("LimDet")->isVisible());
         QCOMPARE(m_open->Find<QLabel>("LabelRil")->text(), u"Limite di determinazione"_s);
@@ -244,7 +244,7 @@ private Q_SLOTS:
         QVERIFY(WriteBytes(folder.filePath(u"cut.LIM"_s), whole.first(whole.indexOf("3,3"))));
         m_open->TriggerWithFile("FileApri", folder.filePath(u"cut.LIM"_s));
         QCOMPARE(m_open->Find<QLabel>("DescrBar")->text(), u"Letto in parte, fino alla riga 14"_s);
-        QVERIFY(m_open->place.messages.All().isEmpty());
+        QVERIFY(m_open->world.messages.All().isEmpty());
     }
 
     void UnknownFlagSelectsNeither()
@@ -256,20 +256,20 @@ private Q_SLOTS:
         QVERIFY(!m_open->Find<QRadioButton>("OptionRilDet0")->isChecked());
         QVERIFY(!m_open->Find<QRadioButton>("OptionRilDet1")->isChecked());
         m_open->ShowData();
-        ClickOption("OptionRilDet0");
+        m_open->ClickOption("OptionRilDet0");
         QVERIFY(m_open->Find<QLabel>("LimRil")->isVisible());
     }
 
     void ClosingAsks()
     {
         QTest::keyClicks(m_open->Find<QLineEdit>("aInputData0"), u"HPLC"_s);
-        m_open->place.messages.WillAnswer(Answer::Cancel);
+        m_open->world.messages.WillAnswer(Answer::Cancel);
         QVERIFY(!m_open->window->close());
-        m_open->place.messages.WillAnswer(Answer::Yes);
-        m_open->place.dialog.WillChoose(QString()); // cancelled: the window stays
+        m_open->world.messages.WillAnswer(Answer::Yes);
+        m_open->world.dialog.WillChoose(QString()); // cancelled: the window stays
         QVERIFY(!m_open->window->close());
         QCOMPARE(m_open->Find<QLineEdit>("aInputData0")->text(), u"HPLC"_s);
-        m_open->place.messages.WillAnswer(Answer::No);
+        m_open->world.messages.WillAnswer(Answer::No);
         QVERIFY(m_open->window->close());
     }
 
@@ -281,7 +281,7 @@ private Q_SLOTS:
         m_open->window->Document().TypeInputData(3, u"kΩ"_s);
         m_open->Type(0, u"1"_s);
         m_open->TriggerWithFile("FileSalva", folder.filePath(u"a.LIM"_s));
-        QVERIFY(m_open->place.messages.TakeOnly().contains(
+        QVERIFY(m_open->world.messages.TakeOnly().contains(
             u"\"U.M. della conc. dell'analita\" contiene il carattere \"Ω\""_s));
         QVERIFY(!QFile::exists(folder.filePath(u"a.LIM"_s)));
     }
@@ -290,41 +290,10 @@ private:
     void Open(const QString& decSep)
     {
         m_open.reset();
-        m_open = std::make_unique<TestWindowPlace<LimiWindow, LimiDocument>>(decSep);
+        m_open = std::make_unique<WindowWorld<LimiWindow, LimiDocument>>(decSep);
     }
 
-    /// At its mark: beside its text there may be room that takes no click.
-    void ClickOption(const char* name)
-    {
-        auto* option = m_open->Find<QRadioButton>(name);
-        QTest::mouseClick(option, Qt::LeftButton, {}, QPoint(6, option->height() / 2));
-    }
-    /// The field in which a cell is being typed, or null.
-    QLineEdit* Editor()
-    {
-        auto* focused = qobject_cast<QLineEdit*>(QApplication::focusWidget());
-        return m_open->GridWidget()->isAncestorOf(focused) ? focused : nullptr;
-    }
-    QPoint Current()
-    {
-        return {m_open->GridWidget()->currentIndex().column(), m_open->GridWidget()->currentIndex().row()};
-    }
-    void Focus(int row, int col)
-    {
-        m_open->GridWidget()->setFocus();
-        m_open->GridWidget()->setCurrentIndex(m_open->GridWidget()->model()->index(row, col));
-    }
-
-    /// Types into the current cell, a key first, and ends with the key given.
-    void Keys(const QString& text, Qt::Key end)
-    {
-        QTest::keyClicks(m_open->GridWidget(), text.first(1));
-        QVERIFY(Editor() != nullptr);
-        QTest::keyClicks(Editor(), text.sliced(1));
-        QTest::keyClick(Editor(), end);
-    }
-
-    std::unique_ptr<TestWindowPlace<LimiWindow, LimiDocument>> m_open;
+    std::unique_ptr<WindowWorld<LimiWindow, LimiDocument>> m_open;
 };
 
 QTEST_MAIN(LimiWindowTest)

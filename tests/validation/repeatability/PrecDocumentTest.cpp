@@ -1,7 +1,7 @@
 // Repeatability: its worked example to the last digit, its file in both forms, its chart with all its turns.
 #include "validation/repeatability/PrecDocument.h"
 #include "Compare.h"
-#include "TestPlace.h"
+#include "TestWorld.h"
 #include "framework/document/DocumentLife.h"
 #include "framework/text/NumberText.h"
 #include "stats/Statistics.h"
@@ -65,8 +65,8 @@ private Q_SLOTS:
 
     void Texts()
     {
-        m_place->define.DecSep = u","_s;
-        const auto documentMade = MakeDocument<PrecDocument>(m_place->Context());
+        m_world->define.DecSep = u","_s;
+        const auto documentMade = MakeDocument<PrecDocument>(m_world->Context());
         PrecDocument& document = *documentMade;
         document.ReadFromFile(DataFile(kExample));
         QCOMPARE(document.Calc(), CalcEnd::Done);
@@ -155,11 +155,11 @@ private Q_SLOTS:
         QVERIFY(WriteBytes(
             m_file, DataFileWith(kExample, {{3, "0"}, {11, " 1,1000"}, {12, "2,1000"}, {13, "3,1001"}})));
         LoadDocument(*m_document, m_file);
-        GetNumFormat(3, 0, m_place->define);
+        GetNumFormat(3, 0, m_world->define);
         m_document->Grid().SetValue(2, 0, 1000.4); // rounds to 1000 as the others: s is 0
         QCOMPARE(m_document->Calc(), CalcEnd::Done);
         m_document->ChooseDigits({.interi = 4, .decimali = 1});
-        GetNumFormat(4, 0, m_place->define); // the format of another window: s = 0.23 shows as 0
+        GetNumFormat(4, 0, m_world->define); // the format of another window: s = 0.23 shows as 0
         QCOMPARE(m_document->Calc(), CalcEnd::Done);
         const ChartData chart = m_document->ShownCharts().front();
         QCOMPARE(chart.rows.size(), std::size_t{1000});
@@ -170,8 +170,8 @@ private Q_SLOTS:
     void WritesWhatItReads()
     {
         for (const QString& decSep : {u","_s, u"."_s}) {
-            m_place->define.DecSep = decSep;
-            const auto documentMade = MakeDocument<PrecDocument>(m_place->Context());
+            m_world->define.DecSep = decSep;
+            const auto documentMade = MakeDocument<PrecDocument>(m_world->Context());
             PrecDocument& document = *documentMade;
             document.ReadFromFile(DataFile(kExample));
             document.WriteToFile(m_file);

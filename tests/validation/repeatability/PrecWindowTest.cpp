@@ -1,7 +1,7 @@
 // The window of the repeatability test.
 #include "validation/repeatability/PrecWindow.h"
 #include "Compare.h"
-#include "TestWindowPlace.h"
+#include "WindowWorld.h"
 #include "framework/window/ChartView.h"
 #include "validation/repeatability/PrecDocument.h"
 
@@ -17,8 +17,8 @@ private Q_SLOTS:
     void init()
     {
         FailOnWarnings();
-        m_open = std::make_unique<TestWindowPlace<PrecWindow, PrecDocument>>();
-        m_open->place.define.ProgramFolder = QStringLiteral(QUOREL_TEST_PROGRAM);
+        m_open = std::make_unique<WindowWorld<PrecWindow, PrecDocument>>();
+        m_open->world.define.ProgramFolder = QStringLiteral(QUOREL_TEST_PROGRAM);
     }
 
     void Layout()
@@ -82,7 +82,7 @@ private Q_SLOTS:
     }
 
 private:
-    std::unique_ptr<TestWindowPlace<PrecWindow, PrecDocument>> m_open;
+    std::unique_ptr<WindowWorld<PrecWindow, PrecDocument>> m_open;
 };
 
 QTEST_MAIN(PrecWindowTest)

@@ -2,7 +2,7 @@
 // chart.
 #include "validation/specificity/SpecDocument.h"
 #include "Compare.h"
-#include "TestPlace.h"
+#include "TestWorld.h"
 #include "framework/document/DocumentLife.h"
 #include "stats/Statistics.h"
 #include "validation/specificity/SpecCalc.h"
@@ -164,7 +164,7 @@ private Q_SLOTS:
         QVERIFY2(m_document->Conclusions().contains(conclusion), qPrintable(m_document->Conclusions()));
         QVERIFY(m_document->ConclText(Language::English)[0].startsWith(
             u"V A L I D A T I O N  OF  A N A L Y T I C A L  M E T H O D\r\n\r\nSPECIFICITY TEST\r\n\r\nT"_s));
-        QVERIFY(m_place->messages.All().isEmpty());
+        QVERIFY(m_world->messages.All().isEmpty());
     }
 
     void BothDecideAtExactlyTheLevel()
@@ -216,10 +216,10 @@ private Q_SLOTS:
         Fill(a, b);
         const QSignalSpy pointer(m_document.get(), &TestDocument::Pointer);
         QVERIFY(m_document->Calc() != CalcEnd::Done);
-        QCOMPARE(m_place->messages.All().size(), 1);
-        QCOMPARE(m_place->messages.All()[0].title, title);
-        QCOMPARE(m_place->messages.All()[0].text, text);
-        QCOMPARE(m_place->messages.All()[0].icon,
+        QCOMPARE(m_world->messages.All().size(), 1);
+        QCOMPARE(m_world->messages.All()[0].title, title);
+        QCOMPARE(m_world->messages.All()[0].text, text);
+        QCOMPARE(m_world->messages.All()[0].icon,
                  hourglass ? MessageIcon::Critical : MessageIcon::Exclamation);
         QCOMPARE(pointer.last()[0].toBool(), hourglass);
         QCOMPARE(m_document->ControlText("T"), hourglass ? u"0"_s : u"0.000"_s);
@@ -236,7 +236,7 @@ private Q_SLOTS:
         }
         Fill(wide, narrow);
         QVERIFY(m_document->Calc() != CalcEnd::Done);
-        QCOMPARE(m_place->messages.TakeOnly(), u"Overflow numerico !\nControllare i dati"_s);
+        QCOMPARE(m_world->messages.TakeOnly(), u"Overflow numerico !\nControllare i dati"_s);
     }
 
     void FormerResultsStay()
@@ -276,8 +276,8 @@ private Q_SLOTS:
     void WritesWhatItReads()
     {
         for (const QString& decSep : {u","_s, u"."_s}) {
-            m_place->define.DecSep = decSep;
-            const auto documentMade = MakeDocument<SpecDocument>(m_place->Context());
+            m_world->define.DecSep = decSep;
+            const auto documentMade = MakeDocument<SpecDocument>(m_world->Context());
             SpecDocument& document = *documentMade;
             document.ReadFromFile(DataFile(kExample));
             QVERIFY(document.Grid().IsLocked(5, 0));

@@ -1,7 +1,7 @@
 // The window of the specificity test.
 #include "validation/specificity/SpecWindow.h"
 #include "Compare.h"
-#include "TestWindowPlace.h"
+#include "WindowWorld.h"
 #include "framework/window/ChartView.h"
 #include "validation/specificity/SpecDocument.h"
 
@@ -15,8 +15,8 @@ private Q_SLOTS:
     void init()
     {
         FailOnWarnings();
-        m_open = std::make_unique<TestWindowPlace<SpecWindow, SpecDocument>>();
-        m_open->place.define.ProgramFolder = QStringLiteral(QUOREL_TEST_PROGRAM);
+        m_open = std::make_unique<WindowWorld<SpecWindow, SpecDocument>>();
+        m_open->world.define.ProgramFolder = QStringLiteral(QUOREL_TEST_PROGRAM);
     }
 
     void Layout()
@@ -87,7 +87,7 @@ private Q_SLOTS:
         for (int row = 0; row < 5; ++row)
             m_open->Type(row, u"1"_s, 0);
         m_open->Trigger("StrumentiCalcola");
-        QVERIFY(m_open->place.messages.TakeOnly().contains(u"tutti uguali"_s));
+        QVERIFY(m_open->world.messages.TakeOnly().contains(u"tutti uguali"_s));
         QVERIFY(m_open->Find<QLabel>("Giudizio")->text().startsWith(u"Dispersione"_s)); // as it was
     }
 
@@ -101,7 +101,7 @@ private:
         QTest::keyClick(edit, Qt::Key_Tab);
     }
 
-    std::unique_ptr<TestWindowPlace<SpecWindow, SpecDocument>> m_open;
+    std::unique_ptr<WindowWorld<SpecWindow, SpecDocument>> m_open;
 };
 
 QTEST_MAIN(SpecWindowTest)

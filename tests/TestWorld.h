@@ -105,7 +105,7 @@ public:
     }
 };
 
-struct TestPlace {
+struct TestWorld {
     Define define;
     ScriptedDialog dialog;
     ScriptedMessages messages;
@@ -127,13 +127,13 @@ protected:
         m_folder = std::make_unique<QTemporaryDir>();
         m_file = m_folder->filePath(fileName);
         m_document.reset();
-        m_place = std::make_unique<TestPlace>();
-        m_document = MakeDocument<Document>(m_place->Context());
+        m_world = std::make_unique<TestWorld>();
+        m_document = MakeDocument<Document>(m_world->Context());
     }
 
     std::unique_ptr<QTemporaryDir> m_folder;
     QString m_file;
-    std::unique_ptr<TestPlace> m_place;
+    std::unique_ptr<TestWorld> m_world;
     std::unique_ptr<Document> m_document;
 };
 

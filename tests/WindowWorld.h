@@ -1,13 +1,15 @@
 // A test window in a test: open on screen, with a scripted frame and a scripted world around it.
 #pragma once
 
-#include "TestPlace.h"
+#include "TestWorld.h"
 #include "framework/window/Frame.h"
 #include "framework/window/GridView.h"
 #include "framework/window/TestWindow.h"
 
 #include <QAction>
 #include <QApplication>
+#include <QLineEdit>
+#include <QRadioButton>
 #include <QTabWidget>
 
 #include <memory>
@@ -27,11 +29,11 @@ public:
 };
 
 template<typename Window, typename Document>
-struct TestWindowPlace {
-    explicit TestWindowPlace(const QString& decSep = QStringLiteral(","))
+struct WindowWorld {
+    explicit WindowWorld(const QString& decSep = QStringLiteral(","))
     {
-        place.define.DecSep = decSep;
-        window = MakeWindow<Window>(MakeDocument<Document>(place.Context()), frame);
+        world.define.DecSep = decSep;
+        window = MakeWindow<Window>(MakeDocument<Document>(world.Context()), frame);
         window->setAttribute(Qt::WA_DeleteOnClose, false);
         window->resize(window->sizeHint());
         window->show();
@@ -47,12 +49,7 @@ struct TestWindowPlace {
             qFatal("no %s", name);
         return found;
     }
-    /// The only grid, or the first of several.
-    GridView* GridWidget()
-    {
-        auto* only = window->template findChild<GridView*>(QStringLiteral("GridData"));
-        return only != nullptr ? only : Find<GridView>("GridData0");
-    }
+    GridView* GridWidget() { return GridAt(0); }
     QTabWidget* Tabs() { return window->template findChild<QTabWidget*>(); }
     QStringList TabTexts()
     {
@@ -62,6 +59,51 @@ struct TestWindowPlace {
         return texts;
     }
     void ShowData() { Tabs()->setCurrentIndex(1); }
+
+    // The hands. What is not there ends the program: a helper can't end its test.
+
+    /// A grid by its place: the only one, or one of several.
+    GridView* GridAt(int index)
+    {
+        auto* only = window->template findChild<GridView*>(QStringLiteral("GridData"));
+        return only != nullptr ? only : Find<GridView>(qPrintable(QStringLiteral("GridData%1").arg(index)));
+    }
+    /// Caret and focus go to a cell.
+    void Go(int row, int col = 0, int grid = 0)
+    {
+        GridAt(grid)->setFocus();
+        GridAt(grid)->setCurrentIndex(GridAt(grid)->model()->index(row, col));
+    }
+    /// Row and column of the caret.
+    QPoint Caret(int grid = 0)
+    {
+        return {GridAt(grid)->currentIndex().row(), GridAt(grid)->currentIndex().column()};
+    }
+    /// The field in which a cell is being typed, or null.
+    QLineEdit* Editor()
+    {
+        auto* focused = qobject_cast<QLineEdit*>(QApplication::focusWidget());
+        return focused != nullptr &&
+                       qobject_cast<GridView*>(focused->parentWidget()->parentWidget()) != nullptr
+                   ? focused
+                   : nullptr;
+    }
+    /// Types into the cell of the caret, a key first, and ends with the key given.
+    void Keys(const QString& text, Qt::Key end)
+    {
+        QTest::keyClicks(QApplication::focusWidget(), text.first(1));
+        if (Editor() == nullptr)
+            qFatal("no cell is being typed");
+        QTest::keyClicks(Editor(), text.sliced(1));
+        QTest::keyClick(Editor(), end);
+    }
+    /// At its mark: beside an option's text there may be room that takes no click.
+    void ClickOption(const char* name)
+    {
+        auto* option = Find<QRadioButton>(name);
+        QTest::mouseClick(option, Qt::LeftButton, {}, QPoint(6, option->height() / 2));
+    }
+
     QString CellText(int row, int col = 0)
     {
         return GridWidget()->model()->index(row, col).data().toString();
@@ -73,12 +115,13 @@ struct TestWindowPlace {
     void Trigger(const char* name)
     {
         auto* action = Find<QAction>(name);
-        QVERIFY2(action->isEnabled(), name);
+        if (!action->isEnabled())
+            qFatal("%s is grey", name);
         action->trigger();
     }
     void TriggerWithFile(const char* name, const QString& file)
     {
-        place.dialog.WillChoose(file);
+        world.dialog.WillChoose(file);
         Trigger(name);
     }
     /// Whether a label stands in one line with a field, on its left.
@@ -92,7 +135,7 @@ struct TestWindowPlace {
                at(label).right() < at(field).right();
     }
 
-    TestPlace place;
+    TestWorld world;
     ScriptedFrame frame;
     std::unique_ptr<Window> window;
 };
