@@ -4,8 +4,8 @@
 #include <exception>
 #include <string>
 
-/// The failures that the program knows. The numbers are those of the run-time system for which the data files and
-/// the messages were made; they stand in the message box and in the companion's output.
+/// The failures that the program knows. The numbers are those of the run-time system for which the data files
+/// and the messages were made; they stand in the message box and in the companion's output.
 enum class FailureKind {
     InvalidArgument = 5,
     Overflow = 6,
