@@ -1,6 +1,6 @@
 #include "shell/LogoView.h"
 
-#include "framework/document/Twips.h"
+#include "framework/text/Twips.h"
 
 #include <QPainter>
 

@@ -86,6 +86,8 @@ public:
     /// The last column of the row is the first by the second.
     void CellsEdited(DataGrid& grid, const GridChange& change) override
     {
+        if (change.part != GridChange::Part::Cells)
+            return;
         for (int row = change.block.row; row < change.block.row + change.block.rows; ++row)
             grid.SetValue(row, grid.Cols() - 1,
                           (Real(grid.TextNumber(row, 0)) / Real(grid.TextNumber(row, 1))).Value());
@@ -162,7 +164,7 @@ protected:
         for (DataGrid* grid : Grids())
             grid->SetSize(Count("Dimensioni1"), Count("Dimensioni0"));
         for (int col = 0; col < Grid().Cols(); ++col)
-            Grid().SetColumnHeader(col, Grid().Format().Text(PointTextToDouble(reader.ReadField())));
+            Grid().SetColumnHeader(col, Shown(PointTextToDouble(reader.ReadField())));
         for (DataGrid* grid : Grids())
             ReadRows(reader, *grid, fieldCount);
     }

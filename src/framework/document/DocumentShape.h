@@ -4,6 +4,7 @@
 
 #include "framework/document/FieldSet.h"
 #include "framework/text/NumberText.h"
+#include "stats/RuntimeFailure.h"
 
 #include <QLatin1StringView>
 #include <QString>
@@ -32,6 +33,9 @@ struct SizeField {
     Refuses refuses = Refuses::Below;
     Fallback fallback = Fallback::Initial;
     bool beeps = false; ///< when it refuses
+    // What a refusal does besides: the grids take the new number's size, the document counts as modified.
+    bool resizes = true;
+    bool modifies = true;
 
     QString MinimumCaption() const { return QStringLiteral("(min. %1)").arg(shownMinimum.value_or(minimum)); }
 };
@@ -73,6 +77,7 @@ struct TableShape {
 struct DocumentShape {
     QLatin1StringView key;
     int inputs = 4; ///< header fields: all four, or those without the unit
+    QString initialUnit = {};
     int grids = 1;
     bool headersAreData = false; ///< the column headers of the first grid are numbers that the user types
     Digits digits;               ///< of a new document
@@ -87,4 +92,6 @@ struct DocumentShape {
     std::vector<QLatin1StringView> charts = {}; ///< their names
     int conclusions = 1; ///< how many texts of conclusions a calculation gives in each language
     bool verdict = false;
+    /// A failure of which the user is told, and after which the program goes on.
+    std::optional<FailureKind> survives = {};
 };

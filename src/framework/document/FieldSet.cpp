@@ -1,6 +1,6 @@
 #include "framework/document/FieldSet.h"
 
-#include <QtGlobal>
+#include "framework/text/Found.h"
 
 #include <algorithm>
 #include <iterator>
@@ -8,28 +8,24 @@
 
 FieldSet::FieldSet(std::vector<Field> fields) : m_fields(std::move(fields)) {}
 
-std::size_t FieldSet::Place(QAnyStringView control) const
+bool FieldSet::Has(QAnyStringView control) const
 {
-    const auto found =
-        std::ranges::find_if(m_fields, [&](const Field& field) { return control == field.control; });
-    if (found == m_fields.end())
-        qFatal("the document has no field %s", qPrintable(control.toString()));
-    return static_cast<std::size_t>(found - m_fields.begin());
+    return std::ranges::any_of(m_fields, [&](const Field& field) { return control == field.control; });
 }
 
 const Field& FieldSet::operator[](QAnyStringView control) const
 {
-    return m_fields[Place(control)];
+    return Found(m_fields, control, &Field::control);
 }
 
 void FieldSet::SetText(QAnyStringView control, const QString& text)
 {
-    m_fields[Place(control)].text = text;
+    Found(m_fields, control, &Field::control).text = text;
 }
 
 void FieldSet::SetVisible(QAnyStringView control, bool visible)
 {
-    m_fields[Place(control)].visible = visible;
+    Found(m_fields, control, &Field::control).visible = visible;
 }
 
 std::vector<Field> FieldSet::OfKind(FieldKind kind) const

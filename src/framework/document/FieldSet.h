@@ -30,6 +30,7 @@ class FieldSet
 public:
     explicit FieldSet(std::vector<Field> fields);
 
+    bool Has(QAnyStringView control) const;
     const Field& operator[](QAnyStringView control) const;
     void SetText(QAnyStringView control, const QString& text);
     void SetVisible(QAnyStringView control, bool visible);
@@ -38,7 +39,5 @@ public:
     std::vector<Field> OfKind(FieldKind kind) const;
 
 private:
-    std::size_t Place(QAnyStringView control) const;
-
     std::vector<Field> m_fields;
 };

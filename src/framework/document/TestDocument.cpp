@@ -8,6 +8,7 @@
 #include "framework/files/DataFileReader.h"
 #include "framework/files/DataFileWriter.h"
 #include "framework/files/SafeFile.h"
+#include "framework/text/Found.h"
 #include "framework/text/NumberText.h"
 #include "framework/text/TextFunctions.h"
 #include "framework/text/TextNumber.h"
@@ -21,6 +22,15 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
+
+const std::array<QString, TestDocument::kMostInputs>& InputCaptions(Language language)
+{
+    static const InBoth<std::array<QString, TestDocument::kMostInputs>> kCaptions = {
+        .it = {u"Metodo analitico"_s, u"Analita"_s, u"Campione"_s, u"U.M. della conc. dell'analita"_s},
+        .en = {u"Analytical method"_s, u"Analyte"_s, u"Sample"_s,
+               u"Measure unit of the analyte concentration"_s}};
+    return kCaptions[language];
+}
 
 /// The size fields come first, then what the shape lists.
 std::vector<Field> FieldsOf(const DocumentShape& shape)
@@ -50,9 +60,7 @@ TestDocument::TestDocument(const DocumentShape& shape, const DocumentContext& co
 
 QString TestDocument::InputCaption(int index)
 {
-    static const std::array kCaptions = {u"Metodo analitico"_s, u"Analita"_s, u"Campione"_s,
-                                         u"U.M. della conc. dell'analita"_s};
-    return kCaptions[static_cast<std::size_t>(index)];
+    return InputCaptions(Language::Italian)[static_cast<std::size_t>(index)];
 }
 
 void TestDocument::TypeInputData(int index, const QString& text)
@@ -62,12 +70,13 @@ void TestDocument::TypeInputData(int index, const QString& text)
         line.replace(end, " "_L1);
     m_inputData[static_cast<std::size_t>(index)] = line;
     m_isModify = true;
+    ShowInputs();
     Q_EMIT Changed();
 }
 
-const SizeField& TestDocument::SizeOf(QLatin1StringView control) const
+const SizeField& TestDocument::SizeOf(QAnyStringView control) const
 {
-    return *std::ranges::find(m_shape.sizes, control, &SizeField::control);
+    return Found(m_shape.sizes, control, &SizeField::control);
 }
 
 void TestDocument::TypeSize(QLatin1StringView control, const QString& text)
@@ -92,8 +101,9 @@ bool TestDocument::LeaveSize(QLatin1StringView control)
         m_context.messages.Beep();
     SetControlText(control, field.fallback == SizeField::Fallback::Initial ? field.initial
                                                                            : QString::number(Grid().Rows()));
-    ResizeGrid();
-    m_isModify = true;
+    if (field.resizes)
+        ResizeGrid();
+    m_isModify = m_isModify || field.modifies;
     Q_EMIT Changed();
     return false;
 }
@@ -111,9 +121,10 @@ void TestDocument::ChooseOption(int value)
     Q_EMIT Changed();
 }
 
-const QString& TestDocument::OptionCaption(int value) const
+QString TestDocument::OptionCaption(int value) const
 {
-    return std::ranges::find(m_shape.options, value, &OptionField::value)->caption;
+    const auto found = std::ranges::find(m_shape.options, value, &OptionField::value);
+    return found == m_shape.options.end() ? QString() : found->caption;
 }
 
 std::optional<QStringList> TestDocument::Headers() const
@@ -154,13 +165,9 @@ ChartData TestDocument::Chart(std::size_t index, Language /*language*/) const
 
 QString TestDocument::ChartFootnote(Language language) const
 {
-    static const std::array kEnglish = {u"Analytical method"_s, u"Analyte"_s, u"Sample"_s,
-                                        u"Measure unit of the analyte concentration"_s};
     QStringList lines;
-    for (std::size_t i = 0; i < static_cast<std::size_t>(m_shape.inputs); ++i) {
-        const QString label = language == Language::Italian ? InputCaption(static_cast<int>(i)) : kEnglish[i];
-        lines += label + u": "_s + TrimBlanks(m_chartInputs[i]);
-    }
+    for (std::size_t i = 0; i < static_cast<std::size_t>(m_shape.inputs); ++i)
+        lines += InputCaptions(language)[i] + u": "_s + TrimBlanks(m_chartInputs[i]);
     return lines.join(u"\r\n"_s);
 }
 
@@ -182,6 +189,17 @@ std::vector<ChartData> TestDocument::ShownCharts() const
 QString TestDocument::Shown(double value) const
 {
     return FormatNumber(value, m_context.define.NumFormat, m_context.define.DecSep);
+}
+
+QString TestDocument::ShownCount(int count) const
+{
+    return FormatNumber(count, u"##0", m_context.define.DecSep);
+}
+
+void TestDocument::Conclude(const InBoth<QString>& text)
+{
+    m_conclText = {{text.it}, {text.en}};
+    SetConclusions(text.it);
 }
 
 double TestDocument::ShownNumber(QLatin1StringView control) const
@@ -232,6 +250,7 @@ void TestDocument::ResetDocument()
     m_howRead = FileRead::Whole;
     m_readStop = 0;
     m_inputData.fill(QString());
+    m_inputData[kUnitInput] = m_shape.initialUnit;
     for (const SizeField& size : m_shape.sizes)
         SetControlText(size.control, size.initial);
     ResetOwn();
@@ -244,6 +263,8 @@ void TestDocument::ResetDocument()
     BuildNumberFormat(m_shape.digits);
     ForgetNumbers();
     ResetFields();
+    ShowReset();
+    ShowInputs();
     SetConclusions(QString());
     ++m_chartState;
     ClearFlags();
@@ -264,15 +285,19 @@ CalcEnd TestDocument::Calc()
     // and the toolbar's does not.
     if (end != CalcEnd::Done)
         return end;
-    {
-        // The results stand, and are shown, even where a chart's numbers fail.
-        const auto tell = qScopeGuard([this] {
-            Q_EMIT Changed();
-            Q_EMIT Calculated();
-        });
+    const auto tell = [this] {
+        Q_EMIT Changed();
+        Q_EMIT Calculated();
+    };
+    try {
         CalcCharts();
-        SetLanGraf(Language::Italian);
+    } catch (const RuntimeFailure&) { // the results stand, and are shown, with charts that have no numbers
+        ++m_chartState;
+        tell();
+        throw;
     }
+    SetLanGraf(Language::Italian);
+    tell();
     Q_EMIT Pointer(false);
     return end;
 }
@@ -351,6 +376,7 @@ void TestDocument::ReadLines(DataFileReader& reader)
         texts.append(reader.ReadLine());
     // Deliberate: the unit, although the last field, stands in the file before the sample.
     m_inputData = {inputs[0], inputs[1], inputs[3], m_shape.inputs > kUnitInput ? inputs[2] : QString()};
+    ShowInputs();
     for (qsizetype i = 0; i < texts.size(); ++i)
         ReadFileLine(m_shape.lines[static_cast<std::size_t>(i)], texts[i]);
     ReadBody(reader, fieldCount);
@@ -389,7 +415,7 @@ void TestDocument::WriteFileLine(DataFileWriter& writer, const FileLine& line) c
         writer.WriteText(ControlText(line.control), line.caption);
         break;
     case FileLine::Kind::Count:
-        writer.WriteNumber(SizeNumber(line.control));
+        writer.WriteNumber(Count(line.control));
         break;
     case FileLine::Kind::Own:
         writer.WriteText(WriteOwnLine(line.control), line.caption);

@@ -38,7 +38,8 @@ struct NamedValue {
     std::variant<double, bool, std::vector<std::optional<double>>> value;
 };
 
-/// How a calculation ended. Anything but Done leaves results, texts and conclusions as they were.
+/// How a calculation ended. Anything but Done leaves results, texts and conclusions as they were (but t in
+/// the test of specificity, which shows 0).
 enum class CalcEnd {
     Done,
     SumIsZero, ///< nothing to calculate, and no word said
@@ -71,6 +72,7 @@ public:
     /// What the user typed. Line ends become blanks: a header field is one line of the file.
     void TypeInputData(int index, const QString& text);
 
+    const SizeField& SizeOf(QAnyStringView control) const;
     /// What the user typed into a size field: applied when the number in it lies within its limits.
     void TypeSize(QLatin1StringView control, const QString& text);
     /// A size field loses the focus. False when its number is refused: it has the fallback then and wants the
@@ -87,6 +89,7 @@ public:
     std::span<DataGrid* const> Grids() const { return m_grids; }
     /// The user changed a grid. Its window calls this inside its guard. Fails as the document's own work on
     /// it does.
+    /// What changes fields emits Changed.
     virtual void CellsEdited(DataGrid& /*grid*/, const GridChange& /*change*/) {}
     /// The headers that are data, in tests that have such.
     std::optional<QStringList> Headers() const;
@@ -123,7 +126,8 @@ public:
     /// The numbers of the last calculation that came to its end since the last reset.
     virtual std::vector<NamedValue> Values() const = 0;
 
-    /// A chart of the last calculation; one without data before it. Touches nothing but this document.
+    /// A chart of the last calculation; one without data before it. Touches nothing but this document. Never
+    /// fails: what can fail belongs in CalcCharts.
     virtual ChartData Chart(std::size_t index, Language language) const;
     /// The charts get the header texts of this moment, and are shown in this language.
     void SetLanGraf(Language language);
@@ -150,7 +154,8 @@ public:
     FileRead HowRead() const { return m_howRead; }
     /// The line, from 1, at which a reading in part stopped; else 0.
     int ReadStop() const { return m_readStop; }
-    /// The bytes of the document's file. Fails with InvalidArgument for a character that the code page lacks.
+    /// The bytes of the document's file. Fails with InvalidArgument for a character that the code page lacks,
+    /// and as CountIn for a count that is none.
     QByteArray FileBytes() const;
     /// Replaces the file as a whole and clears the flags. Fails, with file and flags as they were, as
     /// FileBytes and WriteSafeFile do.
@@ -170,10 +175,16 @@ protected:
 
     // What a test adds. Calls come in the order of these lines.
 
-    /// Options and whatever else the shape does not tell, as a new document has them.
+    /// The header fields were typed, read or reset: captions follow.
+    virtual void ShowInputs() {}
+    /// The grids' size, options and whatever else the shape does not tell, as a new document has them. The
+    /// cells, their digits and the results are still the former ones.
     virtual void ResetOwn() {}
     /// The numbers of the last calculation go.
     virtual void ForgetNumbers() = 0;
+    /// What the reset texts of fields and tables do not tell. They stand, in the new document's number
+    /// format.
+    virtual void ShowReset() {}
     /// An option was selected, by the user, a reset or a file: captions and visibility follow.
     virtual void ShowOption() {}
     /// The user chose an option; ShowOption came before.
@@ -194,13 +205,20 @@ protected:
     void SetControlText(QAnyStringView control, const QString& text) { m_fields.SetText(control, text); }
     void SetControlVisible(QAnyStringView control, bool visible) { m_fields.SetVisible(control, visible); }
     void SelectOption(std::optional<int> value);
-    const QString& OptionCaption(int value) const;
+    /// Empty for a value that no option has.
+    QString OptionCaption(int value) const;
     void SetConclusions(const QString& text) { m_conclusions = text; }
     void SetConclText(InBoth<QStringList> texts) { m_conclText = std::move(texts); }
+    /// The one text of each language, of which the Italian one is shown.
+    void Conclude(const InBoth<QString>& text);
     void SetVerdict(InBoth<QString> verdict) { m_verdict = std::move(verdict); }
 
     /// A result as the window shows it, in the global number format.
     QString Shown(double value) const;
+    /// Degrees of freedom, as the window shows them.
+    QString ShownCount(int count) const;
+    /// With which values are written to the data file.
+    const Digits& FileDigits() const { return m_fileDigits; }
     /// The number that a shown field holds. Fails as TextToDouble.
     double ShownNumber(QLatin1StringView control) const;
     /// The number that a text or a field holds, as a 16-bit integer. Fails as TextToInt16.
@@ -210,7 +228,6 @@ protected:
     QString ChartFootnote(Language language) const;
 
 private:
-    const SizeField& SizeOf(QLatin1StringView control) const;
     /// The number in a size field's text, 0 where it is none.
     int SizeNumber(QLatin1StringView control) const { return ControlText(control).toInt(); }
     void ResetFields();
@@ -231,7 +248,7 @@ private:
     FieldSet m_fields;
     std::optional<int> m_option;
     bool m_isModify = false;
-    Digits m_fileDigits; ///< with which values are written to the data file
+    Digits m_fileDigits;
     QString m_conclusions;
     InBoth<QStringList> m_conclText;
     std::optional<InBoth<QString>> m_verdict;

@@ -18,7 +18,8 @@ public:
 
     const TableShape& Shape() const { return m_shape; }
 
-    /// All cells anew. The rows may be shorter than the table's columns: the rest stays empty.
+    /// All cells anew. Rows that are shorter than the titles are filled up with empty cells, what is longer
+    /// is cut.
     void Fill(const QList<QStringList>& rows);
     /// `zero` in the cells that the shape tells, the others empty.
     void Reset(const QString& zero);

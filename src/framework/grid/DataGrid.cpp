@@ -106,7 +106,7 @@ void DataGrid::AfterStep(const GridChange& change)
         TellViews(change.block);
         break;
     case GridChange::Part::Headers:
-        if (m_redrawOff == 0 && change.block.cols > 0)
+        if (m_redrawOff == 0)
             Q_EMIT headerDataChanged(Qt::Horizontal, change.block.col,
                                      change.block.col + change.block.cols - 1);
         break;

@@ -79,8 +79,8 @@ void GridEdits::Do(GridStep step)
     const auto empty = [](const auto* changes) { return changes != nullptr && changes->empty(); };
     if (empty(std::get_if<CellChanges>(&step)) || empty(std::get_if<HeaderChanges>(&step)))
         return;
-    Apply(&step, true);
-    m_history.Add(std::move(step));
+    // In the history first: who is told of it may make a further step.
+    Apply(&m_history.Add(std::move(step)), true);
 }
 
 /// Gives what a step changed its state of after (forward) or before. Cells and headers that the grid has lost
@@ -97,7 +97,10 @@ std::optional<GridChange> GridEdits::Apply(const GridStep* step, bool forward)
             return std::nullopt;
         change.block = *block;
     } else if (const auto* headers = std::get_if<HeaderChanges>(step)) {
-        change.block = ApplyHeaders(*headers, forward);
+        const auto block = ApplyHeaders(*headers, forward);
+        if (!block)
+            return std::nullopt;
+        change.block = *block;
     } else {
         const auto& size = std::get<SizeChange>(*step);
         m_cells = forward ? size.after : size.before;
@@ -120,7 +123,7 @@ std::optional<GridBlock> GridEdits::ApplyCells(const CellChanges& step, bool for
     return around.Block();
 }
 
-GridBlock GridEdits::ApplyHeaders(const HeaderChanges& step, bool forward)
+std::optional<GridBlock> GridEdits::ApplyHeaders(const HeaderChanges& step, bool forward)
 {
     Around around;
     for (const HeaderChange& change : step) {
@@ -129,7 +132,7 @@ GridBlock GridEdits::ApplyHeaders(const HeaderChanges& step, bool forward)
         m_cells.headers[change.col] = forward ? change.after : change.before;
         around.Add(0, change.col);
     }
-    return around.Block().value_or(GridBlock{.rows = 0, .cols = 0});
+    return around.Block();
 }
 
 std::optional<GridChange> GridEdits::Undo()

@@ -90,7 +90,7 @@ private:
     void Do(GridStep step);
     std::optional<GridChange> Apply(const GridStep* step, bool forward);
     std::optional<GridBlock> ApplyCells(const CellChanges& step, bool forward);
-    GridBlock ApplyHeaders(const HeaderChanges& step, bool forward);
+    std::optional<GridBlock> ApplyHeaders(const HeaderChanges& step, bool forward);
 
     GridCells& m_cells;
     const CellFormat& m_format;

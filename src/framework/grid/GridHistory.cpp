@@ -19,7 +19,7 @@ std::size_t WeightOf(const GridStep& step)
 
 } // namespace
 
-void GridHistory::Add(GridStep step)
+const GridStep& GridHistory::Add(GridStep step)
 {
     while (m_steps.size() > m_done) {
         m_weight -= WeightOf(m_steps.back());
@@ -32,6 +32,7 @@ void GridHistory::Add(GridStep step)
         m_steps.erase(m_steps.begin());
     }
     m_done = m_steps.size();
+    return m_steps.back();
 }
 
 void GridHistory::Clear()

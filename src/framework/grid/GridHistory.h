@@ -37,7 +37,8 @@ class GridHistory
 {
 public:
     /// Ends the chance to do again what was taken back.
-    void Add(GridStep step);
+    /// The step where it stands now, valid until the next call.
+    const GridStep& Add(GridStep step);
     void Clear();
 
     /// The step to take back or to do again, or null. Valid until the next call.

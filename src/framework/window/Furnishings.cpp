@@ -1,6 +1,6 @@
 #include "framework/window/Furnishings.h"
 
-#include "framework/document/Twips.h"
+#include "framework/text/Twips.h"
 
 #include <QPalette>
 

@@ -42,6 +42,7 @@ GridView::GridView(DataGrid& grid, const QString& name, const QString& caption, 
     horizontalHeader()->setHighlightSections(false);
     horizontalHeader()->setFixedHeight(fontMetrics().height() + kHeaderMargins);
     connect(&grid, &DataGrid::modelReset, this, &GridView::FitColumns);
+    connect(&grid, &DataGrid::headerDataChanged, this, &GridView::FitColumns);
     connect(new BlockDrag(this), &BlockDrag::Dropped, this, &GridView::Dropped);
     FitColumns();
 }
@@ -145,7 +146,8 @@ void GridView::NextCell(bool advanceNext)
     int col = currentIndex().column() + (advanceNext ? 1 : -1);
     if (col < 0 || col >= WalkedColumns()) {
         view = advanceNext ? m_next : m_previous;
-        if (view == nullptr || view->isHidden())
+        const bool beside = advanceNext && col > WalkedColumns(); // in a column that the walk leaves out
+        if (beside || view == nullptr || !view->isVisibleTo(window()))
             return;
         col = advanceNext ? 0 : view->WalkedColumns() - 1;
         view->setFocus(Qt::TabFocusReason);

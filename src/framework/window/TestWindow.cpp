@@ -60,8 +60,7 @@ TestWindow::~TestWindow() = default;
 void TestWindow::Finish()
 {
     m_commands->Build();
-    m_pages->setCurrentIndex(0);
-    m_fields->FocusFirst();
+    m_pages->ShowFirstPage();
     m_descriptions->Watch();
     Refresh();
 }

@@ -5,6 +5,7 @@
 #include "framework/document/DocumentLife.h"
 #include "framework/document/Messages.h"
 #include "framework/document/TestDocument.h"
+#include "framework/text/Found.h"
 #include "framework/window/EditCommands.h"
 #include "framework/window/Forms.h"
 #include "framework/window/NumberFormatDialog.h"
@@ -16,6 +17,7 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -41,19 +43,20 @@ WindowCommands::WindowCommands(QWidget& window, TestDocument& document, Frame& f
         {u"StrumentiSetup"_s, [this] { StrumentiSetup(); }},
         {u"Sum"_s, [this] { m_document.Calc(); }},
     };
-    // The other buttons do what an item does.
+    AddArrangements();
+    AddMethods();
+}
+
+/// What a button does: the same as an item, but for those that have commands of their own.
+QString WindowCommands::ItemOf(const QString& button)
+{
     static const std::array kButtons = {
         std::pair{u"New"_s, u"FileNuovo"_s},      std::pair{u"Open"_s, u"FileApri"_s},
         std::pair{u"Save"_s, u"FileSalva"_s},     std::pair{u"Cut"_s, u"ModificaTaglia"_s},
         std::pair{u"Copy"_s, u"ModificaCopia"_s}, std::pair{u"Paste"_s, u"ModificaIncolla"_s},
         std::pair{u"Exit"_s, u"FileChiudi"_s}};
-    for (const auto& [button, item] : kButtons) {
-        Command command = *std::ranges::find(m_commands, item, &Command::name);
-        command.name = button;
-        m_commands.push_back(command);
-    }
-    AddArrangements();
-    AddMethods();
+    const auto found = std::ranges::find(kButtons, button, &std::pair<QString, QString>::first);
+    return found == kButtons.end() ? button : found->second;
 }
 
 void WindowCommands::AddArrangements()
@@ -84,7 +87,7 @@ void WindowCommands::Add(const Command& command)
 
 std::function<void()> WindowCommands::Find(const QString& name)
 {
-    const auto found = std::ranges::find(m_commands, name, &Command::name);
+    const auto found = std::ranges::find(m_commands, ItemOf(name), &Command::name);
     if (found == m_commands.end())
         return {};
     if (found->commitsGrids)
@@ -108,7 +111,7 @@ void WindowCommands::Build()
 
 QMenu* WindowCommands::Menu(QLatin1StringView name) const
 {
-    return *std::ranges::find(m_menus, QString(name), &QObject::objectName);
+    return Found(m_menus, name, &QObject::objectName);
 }
 
 void WindowCommands::SetTools(bool data)
@@ -131,17 +134,19 @@ bool WindowCommands::CommitGrids()
 
 void WindowCommands::Run(const std::function<void()>& event)
 {
-    QString message;
+    std::optional<RuntimeFailure> failure;
     try {
         event();
-    } catch (const RuntimeFailure& failure) {
-        message = FailureMessage(failure);
+    } catch (const RuntimeFailure& caught) {
+        failure = caught;
     }
-    if (message.isEmpty())
+    if (!failure)
         return;
     m_window.unsetCursor();
     const DocumentContext& context = m_document.Context();
-    context.messages.Show(MessageIcon::Critical, context.define.AppTitle, message);
+    context.messages.Show(MessageIcon::Critical, context.define.AppTitle, FailureMessage(*failure));
+    if (failure->Kind() == m_document.Shape().survives)
+        return;
     // Once this event is over: the window that it runs in goes with the program.
     QMetaObject::invokeMethod(
         this, [this] { m_frame.EndProgram(); }, Qt::QueuedConnection);

@@ -32,7 +32,7 @@ public:
     /// All outlive this object. It knows the commands that all tests have.
     WindowCommands(QWidget& window, TestDocument& document, Frame& frame);
 
-    /// Another command. In the place of one with this name where there is one.
+    /// Another command. In the place of one with this name where there is one, for item and button.
     void Add(const Command& command);
     /// A grid of the window, with its popup.
     void AddGrid(GridView* view) { m_grids.append(view); }
@@ -59,6 +59,7 @@ public:
     void StrumentiSetup();
 
 private:
+    static QString ItemOf(const QString& button);
     std::function<void()> Find(const QString& name);
     void AddArrangements();
     void AddMethods();

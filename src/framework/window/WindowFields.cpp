@@ -95,7 +95,7 @@ QLineEdit* WindowFields::SizeEdit(QLatin1StringView control)
 
 void WindowFields::AddSize(QGridLayout* layout, const SizeRow& row)
 {
-    const SizeField& field = *std::ranges::find(m_document.Shape().sizes, row.control, &SizeField::control);
+    const SizeField& field = m_document.SizeOf(row.control);
     QLineEdit* edit = SizeEdit(field.control);
     QLabel* caption = FixedLabel(row.labelName, field.caption);
     caption->setWordWrap(true);
@@ -136,7 +136,9 @@ void WindowFields::AddResults(QGridLayout* layout, const QList<ResultRow>& rows)
         }
         const QString caption =
             row.caption.isEmpty() ? m_document.Fields()[row.controls.constFirst()].caption : row.caption;
-        layout->addWidget(FixedLabel(row.labelName, caption), at, 0, 1, row.controls.isEmpty() ? columns : 1);
+        QLabel* label = m_document.Fields().Has(row.labelName) ? FieldLabel(row.labelName)
+                                                               : FixedLabel(row.labelName, caption);
+        layout->addWidget(label, at, 0, 1, row.controls.isEmpty() ? columns : 1);
         for (qsizetype i = 0; i < row.controls.size(); ++i)
             layout->addWidget(ResultLabel(row.controls[i]), at, static_cast<int>(i) + 1);
     }
@@ -158,15 +160,17 @@ QLabel* WindowFields::ResultLabel(QLatin1StringView control)
     return label;
 }
 
-QLabel* WindowFields::FieldLabel(QLatin1StringView control)
+QLabel* WindowFields::FieldLabel(QAnyStringView control)
 {
-    QLabel* label = FixedLabel(control, m_document.ControlText(control));
+    QLabel* label = FixedLabel(control.toString(), m_document.ControlText(control));
     m_labels.append(label);
     return label;
 }
 
 QTableView* WindowFields::TableView(QLatin1StringView control)
 {
+    if (m_document.Table(control) == nullptr)
+        qFatal("the document has no table %s", control.data());
     TextTable& table = *m_document.Table(control);
     auto* view = new QTableView;
     view->setObjectName(control);
@@ -198,6 +202,15 @@ QGroupBox* WindowFields::FrameBox(const QString& name, const QString& title)
     return box;
 }
 
+QGroupBox* WindowFields::TitledBox(const QString& name, const QString& title)
+{
+    if (!m_document.Fields().Has(title))
+        return FrameBox(name, title);
+    QGroupBox* box = FrameBox(name, m_document.ControlText(title));
+    m_boxes.insert(box, title);
+    return box;
+}
+
 void WindowFields::Refresh()
 {
     for (qsizetype i = 0; i < m_inputs.size(); ++i)
@@ -207,6 +220,10 @@ void WindowFields::Refresh()
     for (QLabel* label : std::as_const(m_labels)) {
         label->setText(OneLineEnd(m_document.ControlText(label->objectName())));
         label->setVisible(m_document.ControlVisible(label->objectName()));
+    }
+    for (auto box = m_boxes.keyValueBegin(); box != m_boxes.keyValueEnd(); ++box) {
+        box->first->setTitle(m_document.ControlText(box->second));
+        box->first->setVisible(m_document.ControlVisible(box->second));
     }
     ShowOption();
     const QString conclusions = OneLineEnd(m_document.Conclusions());

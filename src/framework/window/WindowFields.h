@@ -3,8 +3,10 @@
 
 #include "framework/window/Guard.h"
 
+#include <QAnyStringView>
 #include <QGridLayout>
 #include <QGroupBox>
+#include <QHash>
 #include <QLabel>
 #include <QLatin1StringView>
 #include <QLineEdit>
@@ -25,7 +27,7 @@ struct SizeRow {
 };
 
 /// Results beside each other behind a label. Without results the label is a heading, without a label the
-/// result takes the whole row.
+/// result takes the whole row. A label of which the document has a field shows what that field does.
 struct ResultRow {
     QString labelName;
     QList<QLatin1StringView> controls;
@@ -47,17 +49,20 @@ public:
     QGroupBox* ConclusionsFrame(const QString& frameName);
     /// The size field of a row, in the next row of a layout: caption, field, smallest number.
     void AddSize(QGridLayout* layout, const SizeRow& row);
-    /// The options of the document that are seen, each in a row of its own over so many columns.
+    /// The options of the document, each in a row of its own over so many columns; those that are hidden,
+    /// too.
     void AddOptions(QGridLayout* layout, int columns);
     void AddResults(QGridLayout* layout, const QList<ResultRow>& rows);
     /// A result, to be read and selected.
     QLabel* ResultLabel(QLatin1StringView control);
     /// A label whose text the document gives.
-    QLabel* FieldLabel(QLatin1StringView control);
+    QLabel* FieldLabel(QAnyStringView control);
     /// A table of the document, as high as its rows.
     QTableView* TableView(QLatin1StringView control);
     static QLabel* FixedLabel(const QString& name, const QString& text);
     static QGroupBox* FrameBox(const QString& name, const QString& title);
+    /// A frame whose title is a text, or the name of a field whose text and visibility the frame follows.
+    QGroupBox* TitledBox(const QString& name, const QString& title);
 
     void Refresh();
     /// The first header field gets the focus.
@@ -76,7 +81,8 @@ private:
     Guard m_guard;
     QList<QLineEdit*> m_inputs;
     QList<QLineEdit*> m_sizes;
-    QList<QLabel*> m_labels; ///< result fields, and labels that change
+    QList<QLabel*> m_labels;            ///< result fields, and labels that change
+    QHash<QGroupBox*, QString> m_boxes; ///< frames, by the fields that they follow
     QList<QRadioButton*> m_options;
     QPlainTextEdit* m_conclusions = nullptr;
 };

@@ -87,11 +87,14 @@ QGroupBox* WindowPages::SizeFrame(const QString& name, const QString& title, con
     return box;
 }
 
-QGroupBox* WindowPages::GridFrame(const QString& name, const QString& title, std::size_t grid)
+QGroupBox* WindowPages::GridFrame(const QString& name, const QString& title, std::size_t grid,
+                                  const QString& corner)
 {
-    QGroupBox* box = WindowFields::FrameBox(name, title);
+    QGroupBox* box = m_fields.TitledBox(name, title);
     auto* layout = new QVBoxLayout(box);
-    layout->addWidget(MakeGridView(grid, title));
+    GridView* view = MakeGridView(grid, box->title());
+    new CornerLabel(corner, view);
+    layout->addWidget(view);
     return box;
 }
 
@@ -102,7 +105,6 @@ GridView* WindowPages::MakeGridView(std::size_t index, const QString& caption)
     DataGrid& grid = m_document.Grid(index);
     const QString name = m_views.size() == 1 ? u"GridData"_s : u"GridData%1"_s.arg(index);
     auto* view = new GridView(grid, name, caption);
-    new CornerLabel(u"Dati"_s, view);
     m_views[index] = view;
     m_commands.AddGrid(view);
     m_descriptions.Describe(view, m_document.Context().define.DescGrid);
@@ -133,12 +135,21 @@ QGroupBox* WindowPages::TableFrame(const QString& name, const QString& title, QL
     return box;
 }
 
-QGroupBox* WindowPages::ResultBox(const QString& name, QGridLayout*& layout)
+QGroupBox* WindowPages::ResultBox(const QString& name, QGridLayout*& layout, const QString& title)
 {
-    QGroupBox* box = WindowFields::FrameBox(name, u"Risultato dell'elaborazione"_s);
+    QGroupBox* box = WindowFields::FrameBox(name, title);
     m_descriptions.Describe(box, m_document.Context().define.DescResults);
     layout = new QGridLayout(box);
     return box;
+}
+
+void WindowPages::ShowFirstPage()
+{
+    setCurrentIndex(m_firstPage);
+    if (m_firstPage == 0)
+        m_fields.FocusFirst();
+    else
+        widget(m_firstPage)->findChild<QLineEdit*>()->setFocus();
 }
 
 void WindowPages::Refresh()

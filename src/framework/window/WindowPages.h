@@ -37,13 +37,21 @@ public:
 
     /// A frame with fields that size the grid, in the first rows of a grid layout of three columns.
     QGroupBox* SizeFrame(const QString& name, const QString& title, const QList<SizeRow>& rows);
-    /// A frame with a grid of the document.
-    QGroupBox* GridFrame(const QString& name, const QString& title, std::size_t grid = 0);
+    /// A frame with a grid of the document. title: as at WindowFields::TitledBox. corner: where the headers
+    /// meet.
+    QGroupBox* GridFrame(const QString& name, const QString& title, std::size_t grid = 0,
+                         const QString& corner = QStringLiteral("Dati"));
     GridView* View(std::size_t index) const { return m_views[index]; }
     /// A frame with a table of the document.
     QGroupBox* TableFrame(const QString& name, const QString& title, QLatin1StringView control);
     /// The frame of the results, with an empty grid layout.
-    QGroupBox* ResultBox(const QString& name, QGridLayout*& layout);
+    QGroupBox* ResultBox(const QString& name, QGridLayout*& layout,
+                         const QString& title = QStringLiteral("Risultato dell'elaborazione"));
+
+    /// The page that a new window shows; the first one where none is told.
+    void SetFirstPage(int page) { m_firstPage = page; }
+    /// Shows it. The focus goes to its first field.
+    void ShowFirstPage();
 
     void Refresh();
     QSize PagesHint() const;
@@ -61,4 +69,5 @@ private:
     WindowCommands& m_commands;
     std::vector<GridView*> m_views; ///< by the grid's index
     QList<ChartPage*> m_charts;
+    int m_firstPage = 0;
 };

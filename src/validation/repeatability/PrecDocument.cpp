@@ -77,8 +77,7 @@ CalcEnd PrecDocument::CalcTest()
     const auto text = [&](Language language) {
         return PrecConclusions(language, static_cast<int>(values.size()), percent, ControlText("StDev"_L1));
     };
-    SetConclText({{text(Language::Italian)}, {text(Language::English)}});
-    SetConclusions(text(Language::Italian));
+    Conclude({text(Language::Italian), text(Language::English)});
     return CalcEnd::Done;
 }
 
@@ -87,7 +86,7 @@ void PrecDocument::ShowResults(const PrecResults& results)
     SetControlText("Media"_L1, Shown(results.mean));
     SetControlText("StDev"_L1, Shown(results.s));
     SetControlText("CV"_L1, Shown(results.cv));
-    SetControlText("GdL"_L1, FormatNumber(results.gdl, u"##0", Context().define.DecSep));
+    SetControlText("GdL"_L1, ShownCount(results.gdl));
     SetControlText("P"_L1, Shown(kAlpha));
     SetControlText("T"_L1, Shown(results.t));
     SetControlText("InfConf"_L1, Shown(results.lower));

@@ -169,8 +169,7 @@ void SpecDocument::ShowTexts(const SpecResults& results, const Group& a, const G
                             .countA = static_cast<int>(a.values.size()),
                             .countB = static_cast<int>(b.values.size())};
     const auto text = [&](Language language) { return SpecConclusions(language, results, header); };
-    SetConclText({{text(Language::Italian)}, {text(Language::English)}});
-    SetConclusions(text(Language::Italian));
+    Conclude({text(Language::Italian), text(Language::English)});
     SetVerdict({SpecVerdict(Language::Italian, results), SpecVerdict(Language::English, results)});
     SetControlText("Giudizio"_L1, SpecVerdict(Language::Italian, results));
 }
@@ -186,7 +185,7 @@ void SpecDocument::ShowResults(const SpecResults& results)
     SetControlText("SA"_L1, Shown(results.a.variance));
     SetControlText("SB"_L1, Shown(results.b.variance));
     SetControlText("F"_L1, Shown(results.f));
-    SetControlText("GdL"_L1, FormatNumber(results.gdl, u"##0", Context().define.DecSep));
+    SetControlText("GdL"_L1, ShownCount(results.gdl));
     SetControlText("T"_L1, Shown(results.t));
     SetControlText("P"_L1, Shown(results.pT));
 }
