@@ -4,6 +4,8 @@
 #include "Compare.h"
 #include "TestWorld.h"
 #include "batch/JsonWriter.h"
+#include "batch/Outcome.h"
+#include "framework/files/Database.h"
 
 #include <QBuffer>
 #include <QDir>
@@ -14,6 +16,8 @@
 #include <QTemporaryDir>
 
 #include <limits>
+
+#include <future>
 
 using namespace Qt::StringLiterals;
 
@@ -56,6 +60,25 @@ private Q_SLOTS:
     {
         FailOnWarnings();
         m_folder = std::make_unique<QTemporaryDir>();
+    }
+
+    /// Documents are computed side by side, each with global values of its own.
+    void ComputesOnAnyThread()
+    {
+        DatabaseFTable table(QStringLiteral(QUOREL_TEST_PROGRAM "/DB/QUOREL73.MDB"));
+        const QStringList files = {u"one-to-five.LIM"_s, u"three-determinations.PRE"_s,
+                                   u"groups-of-5-and-6.SPC"_s};
+        const auto printed = [&](int call) {
+            CommandLine line;
+            line.json = line.chartData = true;
+            line.decSep = call % 2 == 0 ? u","_s : u"."_s;
+            return Compute(DataFile(files[call % 3]), line, table).printed;
+        };
+        std::vector<std::future<QByteArray>> together;
+        for (int call = 0; call < 48; ++call)
+            together.push_back(std::async(std::launch::async, printed, call));
+        for (int call = 0; call < 48; ++call)
+            QCOMPARE(together[static_cast<std::size_t>(call)].get(), printed(call));
     }
 
     void OneObjectALine()
@@ -116,6 +139,9 @@ private Q_SLOTS:
         QCOMPARE(run.Object()[u"failure"][u"number"].toInt(), 62);
         QVERIFY(run.err.contains(cut));
         QCOMPARE(run.Object(1)[u"read"].toString(), u"complete"_s);
+        const QString target = m_folder->filePath(u"target"_s);
+        QCOMPARE(RunWith({u"--rewrite"_s, target, cut}).status, 1);
+        QVERIFY(QDir(target).isEmpty()); // the rest of the file would be lost
     }
 
     void FolderInOrderOfName()
@@ -140,6 +166,7 @@ private Q_SLOTS:
         QTest::addRow("of no kind") << u"note.txt"_s << u"non è un file di dati"_s;
         QTest::addRow("of a kind to come") << u"lotto.TAR"_s << u"non sono ancora gestiti"_s;
         QTest::addRow("zeros") << u"zeros.LIM"_s << u"riga 1"_s;
+        QTest::addRow("refused") << u"flat.SPC"_s << u"non calcolato: Dati non validi ! Controllare i dati"_s;
         QTest::addRow("nothing to calculate") << u"new.LIM"_s << u"la somma dei valori è zero"_s;
     }
 
@@ -148,6 +175,13 @@ private Q_SLOTS:
         QFETCH(QString, name);
         QFETCH(QString, reason);
         QVERIFY(WriteBytes(m_folder->filePath(u"zeros.LIM"_s), QByteArray(100, '\0')));
+        QVERIFY(WriteBytes(m_folder->filePath(u"flat.SPC"_s),
+                           DataFileWith(u"groups-of-5-and-6.SPC"_s, {{14, " 1,7.0001,5.0001"},
+                                                                     {15, "2,7,5"},
+                                                                     {16, "3,7,5"},
+                                                                     {17, "4,7,5"},
+                                                                     {18, "5,7,5"},
+                                                                     {19, "6,NIL,5"}})));
         QVERIFY(WriteBytes(m_folder->filePath(u"lotto.TAR"_s), "x"));
         QVERIFY(WriteBytes(m_folder->filePath(u"note.txt"_s), "x"));
         QVERIFY(WriteBytes(m_folder->filePath(u"new.LIM"_s), "2\r\n\r\n\r\n\r\n\r\n0\r\n5\r\nVero\r\n"
@@ -252,6 +286,12 @@ private Q_SLOTS:
         const Run run = RunWith({u"--decimal"_s, u","_s, u"--json"_s, DataFile(u"one-to-five.LIM"_s)});
         QCOMPARE(run.Object()[u"results"][u"LimDet"].toString(), u"15,8114"_s);
         QVERIFY(run.Object()[u"cConcl"].toString().endsWith(u"3,1623"_s));
+    }
+
+    void Summary()
+    {
+        const QByteArray text = RunWith({DataFile(u"one-to-five.LIM"_s)}).out;
+        QVERIFY(text.contains("\n  Limite di rilevazione: 3.1623\n  Limite di determinazione: 15.8114\n"));
     }
 
     void Help()

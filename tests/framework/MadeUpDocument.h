@@ -12,6 +12,7 @@
 #include "framework/text/Conclusions.h"
 #include "framework/text/TextNumber.h"
 #include "stats/CheckedArithmetic.h"
+#include "stats/RuntimeFailure.h"
 
 #include <numeric>
 
@@ -20,6 +21,7 @@ inline const DocumentShape& MadeUpShape()
     using namespace Qt::StringLiterals;
     static const DocumentShape kShape = {
         .key = "TARA"_L1,
+        .initialUnit = u"mg"_s,
         .grids = 3,
         .headersAreData = true,
         .digits = {.interi = 5, .decimali = 2},
@@ -45,6 +47,7 @@ inline const DocumentShape& MadeUpShape()
                    {"Somma"_L1, FieldKind::Result, u"Somma"_s},
                    {"Esito"_L1, FieldKind::Result, u"Esito"_s, u"NONE"_s},
                    {"LabelLivelli"_L1, FieldKind::Caption, {}},
+                   {"LabelData2"_L1, FieldKind::Caption, {}},
                    {"LabelStima"_L1, FieldKind::Notice, {}, {}, u"(stima)"_s}},
         .tables = {{"SprLinearita"_L1,
                     u"Analisi della varianza"_s,
@@ -59,6 +62,7 @@ inline const DocumentShape& MadeUpShape()
                   {FileLine::Kind::Blank},
                   {FileLine::Kind::Own, "Livelli"_L1}},
         .charts = {"VtGrafRegr"_L1, "VtGrafProp"_L1},
+        .survives = FailureKind::Overflow,
     };
     return kShape;
 }
@@ -106,10 +110,12 @@ public:
     ChartData Chart(std::size_t index, Language language) const override
     {
         ChartData chart = TestDocument::Chart(index, language);
-        if (!m_sum)
+        if (!m_sum || !m_drawable)
             return chart;
         static const InBoth<QString> kTitle = {QStringLiteral("Regressione"), QStringLiteral("Linearity")};
         chart.title = kTitle[language];
+        chart.x.title = index == 0 ? QStringLiteral("curva") : QStringLiteral("residui");
+        chart.x.scale = ChartScale{1, 2};
         chart.footnote = ChartFootnote(language);
         chart.rows = {{1, *m_sum}, {2, 2 * *m_sum}};
         return chart;
@@ -126,6 +132,19 @@ protected:
     {
         SetControlText("LabelLivelli", Option() ? OptionCaption(*Option()) : QString());
         SetControlVisible("Esito", Option() == 3);
+        SetControlVisible("LabelData2", Option() != 3);
+    }
+    void ShowInputs() override
+    {
+        SetControlText("LabelData2", QStringLiteral("Inferiore (%1)").arg(InputData(kUnitInput)));
+    }
+    void ShowReset() override { Table("GridMedieSerie")->Fill({{QStringLiteral("1"), Shown(0)}}); }
+    /// As a curve does that leaves the range of numbers.
+    void CalcCharts() override
+    {
+        m_drawable = *m_sum < 1000;
+        if (!m_drawable)
+            throw RuntimeFailure(FailureKind::Overflow);
     }
 
     CalcEnd CalcTest() override
@@ -177,4 +196,5 @@ protected:
 
 private:
     std::optional<double> m_sum;
+    bool m_drawable = false;
 };

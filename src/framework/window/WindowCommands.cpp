@@ -50,11 +50,15 @@ WindowCommands::WindowCommands(QWidget& window, TestDocument& document, Frame& f
 /// What a button does: the same as an item, but for those that have commands of their own.
 QString WindowCommands::ItemOf(const QString& button)
 {
-    static const std::array kButtons = {
-        std::pair{u"New"_s, u"FileNuovo"_s},      std::pair{u"Open"_s, u"FileApri"_s},
-        std::pair{u"Save"_s, u"FileSalva"_s},     std::pair{u"Cut"_s, u"ModificaTaglia"_s},
-        std::pair{u"Copy"_s, u"ModificaCopia"_s}, std::pair{u"Paste"_s, u"ModificaIncolla"_s},
-        std::pair{u"Exit"_s, u"FileChiudi"_s}};
+    static const std::array kButtons = {std::pair{u"New"_s, u"FileNuovo"_s},
+                                        std::pair{u"Open"_s, u"FileApri"_s},
+                                        std::pair{u"Save"_s, u"FileSalva"_s},
+                                        std::pair{u"Cut"_s, u"ModificaTaglia"_s},
+                                        std::pair{u"Copy"_s, u"ModificaCopia"_s},
+                                        std::pair{u"Paste"_s, u"ModificaIncolla"_s},
+                                        std::pair{u"Exit"_s, u"FileChiudi"_s},
+                                        std::pair{u"Print"_s, u"FileStampa"_s},
+                                        std::pair{u"PrintGraph"_s, u"FileStampaGrafico"_s}};
     const auto found = std::ranges::find(kButtons, button, &std::pair<QString, QString>::first);
     return found == kButtons.end() ? button : found->second;
 }

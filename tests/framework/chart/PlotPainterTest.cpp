@@ -172,6 +172,10 @@ private Q_SLOTS:
         chart.rows = {{5, 1, 5, 2}}; // two points apart in one row
         Paint(chart);
         QVERIFY(Has(u"circle"_s, u"#0072b2"_s, {{5, 1}}));
+        chart.type = ChartType::HighLow;
+        chart.rows = {{12, 10, 11}, {14, 12, 13}}; // a bar stands between its two ends
+        Paint(chart);
+        QCOMPARE(Centers(u"path"_s, u"#0072b2"_s), QList<QPointF>({{1, 11}}));
     }
 
     void Words()

@@ -100,6 +100,7 @@ private Q_SLOTS:
         QCOMPARE(m_document->LeaveSize(QLatin1StringView(name)), text == left);
         QCOMPARE(m_document->ControlText(control), left);
         const bool refused = text != left;
+        QCOMPARE(m_document->IsModify(), applied || refused);
         QCOMPARE(m_world->messages.Beeps(), refused && control == u"Dimensioni0"_s ? 1 : 0);
         if (applied || refused)
             QCOMPARE(m_document->ControlText("nDatiTot"),
@@ -142,9 +143,10 @@ private Q_SLOTS:
         QCOMPARE(m_document->FileBytes(), bytes);
         QCOMPARE(m_document->Option(), std::optional(3));
 
-        QVERIFY(WriteBytes(
-            m_file, QByteArray(bytes).remove(0, 26).replace("\r\n4\r\n3\r\n", "\r\n4 righe\r\n 3.0\r\n")));
+        QVERIFY(WriteBytes(m_file, QByteArray(bytes).remove(0, 26).replace(
+                                       "\r\n4\r\n3\r\n12\r\n", "\r\n4 righe\r\n 3.0\r\n 12 \r\n")));
         m_document->ReadFromFile(m_file);
+        QCOMPARE(m_document->ControlText("nDatiTot"), u"12"_s);
         QCOMPARE(m_document->Grid(1).GetDigits(), (Digits{3, 1}));
         QCOMPARE(m_document->ControlText("Dimensioni1") + m_document->ControlText("Dimensioni0"), u"43"_s);
         QCOMPARE(m_document->HowRead(), FileRead::Whole);
@@ -167,8 +169,45 @@ private Q_SLOTS:
         const ChartData english = m_document->ShownCharts()[0];
         QCOMPARE(english.title, u"Linearity"_s);
         QVERIFY(english.footnote.startsWith(u"Analytical method: GC\r\n"_s));
+        const int shown = m_document->ChartState();
         m_document->ResetDocument();
+        QVERIFY(m_document->ChartState() != shown); // the page shows it
         QVERIFY(m_document->ShownCharts()[0].IsEmpty());
+    }
+
+    /// The results stand; the chart of the calculation before does not stand on beside them.
+    void ChartsWithoutNumbers()
+    {
+        Fill(*m_document);
+        QCOMPARE(m_document->Calc(), CalcEnd::Done);
+        const int before = m_document->ChartState();
+        m_document->Grid().SetValue(0, 0, 5000);
+        const QSignalSpy calculated(m_document.get(), &TestDocument::Calculated);
+        VERIFY_FAILS(m_document->Calc(), FailureKind::Overflow);
+        QCOMPARE(calculated.size(), 1);
+        QCOMPARE(m_document->ControlText("Somma"), u"5077.00"_s);
+        QVERIFY(m_document->ChartState() != before && m_document->ShownCharts()[0].IsEmpty());
+    }
+
+    void OpenAsksAboutTheFirstGridAlone()
+    {
+        QVERIFY(WriteBytes(m_file, m_document->FileBytes()));
+        QVERIFY(m_document->Grid(2).Edits().TypeText(0, 0, u"5"_s));
+        m_world->dialog.WillChoose(m_file); // no question comes before
+        QVERIFY(OpenDocument(*m_document));
+        QVERIFY(m_document->Grid(0).Edits().TypeText(0, 0, u"5"_s));
+        m_world->messages.WillAnswer(Answer::Cancel);
+        QVERIFY(!OpenDocument(*m_document));
+    }
+
+    void FileCutInAGrid()
+    {
+        const QByteArray bytes = m_document->FileBytes();
+        QVERIFY(WriteBytes(m_file, bytes.first(bytes.lastIndexOf("3,0.00"))));
+        VERIFY_FAILS(m_document->ReadFromFile(m_file), FailureKind::EndOfFile);
+        QCOMPARE(m_document->HowRead(), FileRead::InPart);
+        QCOMPARE(m_document->ReadStop(), 28); // the line that would come
+        QCOMPARE(m_document->Grid(2).Text(1, 0) + m_document->Grid(2).Text(2, 0), u"0.00"_s);
     }
 
     void EndsOfACalculation()
@@ -190,7 +229,7 @@ private Q_SLOTS:
             << QByteArray(
                    R"("results":{"Somma":"0.00","Esito":"NONE","LabelStima":false},)"
                    R"("table":[["Variazione","Devianza","GdL"],["Regressione","0","0"],["Totali","0",""]],)"
-                   R"("means":[],"cConcl":"","conclusions":{"it":[""],"en":[""]},"verdict":null,"values":{})");
+                   R"("means":[["1","0.00"]],"cConcl":"","conclusions":{"it":[""],"en":[""]},"verdict":null,"values":{})");
         QTest::addRow("calculated")
             << true
             << QByteArray(
@@ -209,16 +248,19 @@ private Q_SLOTS:
         LoadOutcome outcome;
         if (calculated)
             outcome.end = m_document->Calc();
-        const QByteArray json = JsonLine({u"a.TAR"_s, *m_document, outcome, {}}, false);
+        const QList<CollectedMessage> messages = {{MessageIcon::Exclamation, u"Quorel"_s, u"a\nb"_s}};
+        const QByteArray json = JsonLine({u"a.TAR"_s, *m_document, outcome, messages}, false);
         const QByteArray zeros = R"([["0.00","0.00","0.00"],["0.00","0.00","0.00"],)"
                                  R"(["0.00","0.00","0.00"],["0.00","0.00","0.00"]])";
         QCOMPARE(
             json,
-            R"({"file":"a.TAR","key":"TARA","read":"complete","interi":5,"decimali":2,"aInputData":["","","",""],)"
+            R"({"file":"a.TAR","key":"TARA","read":"complete","interi":5,"decimali":2,"aInputData":["","","","mg"],)"
             R"("size":{"Dimensioni":["3","4"],"nDatiTot":"12"},"option":1,"headers":["1.00","2.00","3.00"],)"
             R"("grids":[[["1.00","2.00","3.00"],["4.00","5.00","6.00"],["7.00","8.00","9.00"],)"
             R"(["10.00","11.00","12.00"]],)" +
-                zeros + ',' + zeros + "]," + results + R"(,"messages":[],"failure":null})" + '\n');
+                zeros + ',' + zeros + "]," + results +
+                R"(,"messages":[{"icon":"exclamation","title":"Quorel","text":"a\nb"}],"failure":null})" +
+                '\n');
     }
 };
 

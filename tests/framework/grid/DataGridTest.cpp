@@ -289,6 +289,8 @@ private Q_SLOTS:
         grid.Edits().Undo();
         QCOMPARE(grid.Edits().Redo()->part, GridChange::Part::Headers);
         QCOMPARE(grid.Cells().headers, QStringList({u"7"_s, u"8"_s}));
+        grid.SetSize(3, 1); // a header that is gone is passed over
+        QVERIFY(!grid.Edits().Redo());
     }
 
     void SizeIsAStep()
@@ -327,6 +329,8 @@ private Q_SLOTS:
         QVERIFY(!grid.Edits().TypeText(0, 0, u"10000000000000"_s));
         grid.SetDigits({.interi = 1, .decimali = 12});
         QVERIFY(grid.Edits().TypeText(0, 0, u"9,999999999999"_s));
+        grid.SetDigits({.interi = 1, .decimali = 2}); // other decimals alone
+        QVERIFY(!grid.Edits().TypeText(0, 0, u"9,995"_s));
     }
 };
 

@@ -196,6 +196,11 @@ private Q_SLOTS:
         QVERIFY(XAt(Middle()) < 5);
         QTest::keyClick(m_view.get(), Qt::Key_Home);
         QCOMPARE(XAt(Middle()), 5.0);
+        const QImage all = m_view->grab().toImage();
+        QTest::keyClick(m_view.get(), Qt::Key_Up);
+        QVERIFY(m_view->grab().toImage() != all);
+        QTest::keyClick(m_view.get(), Qt::Key_Down);
+        QCOMPARE(m_view->grab().toImage(), all);
     }
 
     void GroupsStayInViewWhileZooming()

@@ -195,6 +195,11 @@ private Q_SLOTS:
         m_open->Find<QAction>("Paste")->trigger();
         QCOMPARE(m_open->window->Document().InputData(0), u"GC MS"_s); // a header field is one line
         QCOMPARE(field->text(), u"GC MS"_s);
+        field->setSelection(0, 3);
+        m_open->Find<QAction>("Copy")->trigger();
+        QCOMPARE(QApplication::clipboard()->text() + u'|' + field->text(), u"GC |GC MS"_s);
+        m_open->Find<QAction>("Cut")->trigger();
+        QCOMPARE(QApplication::clipboard()->text() + u'|' + field->text(), u"GC |MS"_s);
         field->selectAll();
         m_open->Find<QAction>("ModificaCancella")->trigger();
         QCOMPARE(m_open->window->Document().InputData(0), QString());

@@ -33,15 +33,18 @@ public:
                                                 {"Dimensioni1"_L1, u"Label5"_s, u"Label6"_s}}),
                              Pages().GridFrame(u"Frame4"_s, u"Superiore"_s, 0),
                              Pages().GridFrame(u"Frame5"_s, u"Centrale"_s, 1),
-                             Pages().GridFrame(u"Frame6"_s, u"Inferiore"_s, 2)},
+                             Pages().GridFrame(u"Frame6"_s, u"LabelData2"_s, 2, u"Rep."_s)},
                             {results, Pages().TableFrame(u"Frame7"_s, u"Varianza"_s, "SprLinearita"_L1)});
         Pages().AddChartPage(u"Grafici"_s);
+        Pages().SetFirstPage(1);
         for (std::size_t i = 0; i < 3; ++i)
             Pages().View(i)->SetWalk(2, Pages().View((i + 2) % 3), Pages().View((i + 1) % 3));
         Commands().Add({u"StrumentiConcentrazioni"_s, [this] { ++concentrations; }});
+        Commands().Add({u"FileStampa"_s, [this] { ++printed; }});
     }
 
     int concentrations = 0;
+    int printed = 0;
 };
 
 } // namespace
@@ -55,7 +58,12 @@ private Q_SLOTS:
     {
         FailOnWarnings();
         m_open = std::make_unique<WindowWorld<MadeUpWindow, MadeUpDocument>>();
-        m_open->ShowData();
+    }
+
+    void OpensOnTheTestsOwnPage()
+    {
+        QCOMPARE(m_open->Tabs()->currentIndex(), 1);
+        QCOMPARE(QApplication::focusWidget(), m_open->Find<QLineEdit>("Dimensioni0"));
     }
 
     void CaretWalksFromGridToGrid()
@@ -69,9 +77,11 @@ private Q_SLOTS:
         m_open->Go(0, 0, 0);
         QTest::keyClick(Grid(0), Qt::Key_Backtab, Qt::ShiftModifier);
         QCOMPARE(At(), u"2: 3,1"_s);
-        Grid(0)->hide(); // where the walk would go on, it ends
-        QTest::keyClick(Grid(2), Qt::Key_Return);
-        QCOMPARE(At(), u"2: 3,1"_s);
+        m_open->window->Document().Grid(1).SetSize(2, 3); // shorter than the others
+        m_open->Go(0, 0, 2);
+        QTest::keyClick(Grid(2), Qt::Key_Backtab, Qt::ShiftModifier);
+        QCOMPARE(At(), u"1: 1,1"_s);
+        m_open->Go(3, 1, 2);
     }
 
     void DocumentFollowsEachEdit()
@@ -107,20 +117,54 @@ private Q_SLOTS:
         item->trigger(); // refused: what is being typed is no number
         QCOMPARE(m_open->window->concentrations, 1);
         QTest::keyClick(m_open->Editor(), Qt::Key_Escape);
+        m_open->Type(0, u"1"_s);
+        for (const char* name : {"FileStampa", "Print"}) // the button does what its item does
+            m_open->Trigger(name);
+        QCOMPARE(m_open->window->printed, 2);
+    }
+
+    void FailureThatIsSurvived()
+    {
+        m_open->Type(0, u"1"_s, 1);
+        m_open->Type(0, u"5000"_s);
+        m_open->Trigger("Sum");
+        QCOMPARE(m_open->world.messages.TakeOnly(), u"Errore di run-time '6': Overflow"_s);
+        QCoreApplication::processEvents();
+        QCOMPARE(m_open->frame.ended, 0);
+        QCOMPARE(m_open->Find<QLabel>("Somma")->text(), u"10001,00"_s);
+        QCOMPARE(m_open->Find<ChartView>("VtGrafRegr")->accessibleDescription(), u"Nessun grafico"_s);
+    }
+
+    void FramesFollowTheirFields()
+    {
+        auto* frame = m_open->Find<QGroupBox>("Frame6");
+        QCOMPARE(frame->title(), u"Inferiore (mg)"_s);
+        QCOMPARE(frame->findChild<CornerLabel*>()->text(), u"Rep."_s);
+        m_open->Tabs()->setCurrentIndex(0);
+        auto* unit = m_open->Find<QLineEdit>("aInputData3");
+        unit->selectAll();
+        QTest::keyClicks(unit, u"g"_s);
+        QCOMPARE(frame->title(), u"Inferiore (g)"_s);
+        m_open->ShowData();
+        m_open->ClickOption("Option3");
+        QVERIFY(frame->isHidden());
+        m_open->Go(3, 1, 1);
+        QTest::keyClick(Grid(1), Qt::Key_Return); // where the walk would go on, it ends
+        QCOMPARE(At(), u"1: 3,1"_s);
     }
 
     void ItemsSayWhyTheyAreGrey()
     {
         const auto reasons = [this](const char* name) { return GreyReasons(m_open->Find<QAction>(name)); };
         QCOMPARE(reasons("FileSalva"), Greys(Grey::NoData));
-        QCOMPARE(reasons("FileStampa"), Grey::NoData | Grey::NoCommand);
+        QCOMPARE(reasons("FileStampaGrafico"), Grey::NoData | Grey::NoCommand);
         QCOMPARE(reasons("HelpGuida"), Greys(Grey::NoCommand));
         QCOMPARE(reasons("FileNuovo"), Greys());
         m_open->Type(0, u"1"_s);
         QCOMPARE(reasons("FileSalva"), Greys());
-        QCOMPARE(reasons("FileStampa"), Greys(Grey::NoCommand));
+        QCOMPARE(reasons("FileStampaGrafico"), Greys(Grey::NoCommand));
         QVERIFY(m_open->Find<QAction>("FileSalva")->isEnabled() &&
-                !m_open->Find<QAction>("Print")->isEnabled());
+                !m_open->Find<QAction>("PrintGraph")->isEnabled());
     }
 
     void OptionsOneOrNone()
@@ -152,6 +196,7 @@ private Q_SLOTS:
         const auto* table = m_open->Find<QTableView>("SprLinearita");
         QCOMPARE(table->findChild<CornerLabel*>()->text(), u"Variazione"_s);
         QCOMPARE(table->model()->headerData(1, Qt::Vertical).toString(), u"Totali"_s);
+        QCOMPARE(table->model()->headerData(1, Qt::Horizontal).toString(), u"GdL"_s);
         QCOMPARE(m_open->Find<QLabel>("Label4")->text() + m_open->Find<QLabel>("Label6")->text(),
                  u"(min. 3)(min. 3)"_s);
         QVERIFY(m_open->Find<QLabel>("LabelStima")->isHidden());
@@ -169,6 +214,10 @@ private Q_SLOTS:
         auto* regression = m_open->Find<ChartView>("VtGrafRegr");
         auto* proportion = m_open->Find<ChartView>("VtGrafProp");
         QVERIFY(std::abs(regression->width() - proportion->width()) <= 1);
+        m_open->Type(0, u"5"_s);
+        m_open->Trigger("StrumentiCalcola");
+        QVERIFY(regression->accessibleDescription().contains(u"curva: da"_s));
+        QVERIFY(proportion->accessibleDescription().contains(u"residui: da"_s));
         QTest::keyClick(proportion, Qt::Key_Return);
         QVERIFY(regression->isHidden() && !proportion->isHidden());
         QTest::mouseDClick(proportion, Qt::LeftButton); // shows all of the chart, and nothing else

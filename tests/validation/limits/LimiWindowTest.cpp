@@ -96,7 +96,9 @@ private Q_SLOTS:
         QVERIFY(!m_open->window->Document().ChangeMade());
         QTest::keyClick(m_open->GridWidget(), Qt::Key_F2);
         QCOMPARE(m_open->Editor()->text(), u"0,000"_s);
-        QTest::keyClick(m_open->Editor(), Qt::Key_Escape);
+        QTest::keyClicks(m_open->Editor(), u"5"_s);
+        QTest::keyClick(m_open->Editor(), Qt::Key_Return);
+        QCOMPARE(m_open->Find<QLabel>("DescrBar")->text(), QString());
     }
 
     void CommandsTakeOverWhatIsBeingTyped()
@@ -232,6 +234,7 @@ private Q_SLOTS:
         QCOMPARE(m_open->window->windowTitle(), u"Limiti - "_s + DataFile(u"one-to-five.LIM"_s));
         QCOMPARE(m_open->Find<QLineEdit>("aInputData3")->text(), u"mg/l"_s);
         QCOMPARE(m_open->Find<QLabel>("StDev")->text(), u"1,5811"_s);
+        QCOMPARE(m_open->Find<QLabel>("StDev")->accessibleDescription(), u"Dev. standard"_s);
         QCOMPARE(m_open->Find<QLabel>("StatusBar")->text(), u"Formato numeri: Interi 3  Decimali 4"_s);
         QCOMPARE(m_open->Find<QLabel>("DescrBar")->text(), QString());
         QCOMPARE(m_open->window->cursor().shape(), Qt::ArrowCursor);

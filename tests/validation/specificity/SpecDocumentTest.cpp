@@ -142,10 +142,10 @@ private Q_SLOTS:
             << QList<double>{140, 150, 160, 155, 145} << b << u"Differenza SIGNIFICATIVA (P = 95%)"_s
             << u"Difference SIGNIFICANT (P = 95%)"_s << u"Il metodo HPLC NON è in grado"_s;
         QTest::addRow("other variances, means that can't be told apart")
-            << QList<double>{1, 200, 100, 400, 20} << b
+            << QList<double>{1, 200, 100, 400, 20, 20} << b
             << u"Dispersione dei dati elevata.\r\nSpecificità statisticamente non determinabile"_s
             << u"High dispertion data.\r\nSpecificity statistically not determinable"_s
-            << u"con l'attuale numerosità dei dati (5 per il gruppo A e 5 per il gruppo B) non è possibile"_s;
+            << u"con l'attuale numerosità dei dati (6 per il gruppo A e 5 per il gruppo B) non è possibile"_s;
     }
 
     void Decisions()
@@ -303,6 +303,15 @@ private Q_SLOTS:
             << 0
             << QStringList({u"1.000|0.000"_s, u"2.000|0.000"_s, u"3.000|0.000"_s, u"4.000|0.000"_s,
                             u"5.000|0.000"_s, u"6.000|0.000"_s});
+        QTest::addRow("four fields a row: the last one has no column")
+            << DataFileWith(kExample, {{4, "4"},
+                                       {14, " 1,1,2,3"},
+                                       {15, "2,1,2,3"},
+                                       {16, "3,1,2,3"},
+                                       {17, "4,1,2,3"},
+                                       {18, "5,1,2,3"},
+                                       {19, "6,1,2,3"}})
+            << 0 << QStringList(6, u"1.000|2.000"_s);
         QTest::addRow("cut: the rows that it does not reach hold 0")
             << whole.first(whole.indexOf("3,100.100")) << 62
             << QStringList({u"100.200|100.100"_s, u"99.800|100.300"_s, u"0.000|0.000"_s, u"0.000|0.000"_s,

@@ -39,6 +39,7 @@ private Q_SLOTS:
         for (const auto& [label, field] :
              {std::pair("Label13", "F"), {"Label18", "GdL"}, {"Label29", "T"}, {"Label30", "P"}})
             QVERIFY2(m_open->Beside(label, field), label);
+        QCOMPARE(m_open->Find<QLabel>("Label29")->text() + m_open->Find<QLabel>("Label30")->text(), u"tP"_s);
     }
 
     void BecomingActiveGoesToTheFirstGroup()
