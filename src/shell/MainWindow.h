@@ -2,7 +2,6 @@
 #pragma once
 
 #include "framework/document/DocumentContext.h"
-#include "framework/document/TestDocument.h"
 #include "framework/window/Frame.h"
 #include "framework/window/TestWindow.h"
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QAnyStringView>
+#include <QString>
 #include <QtGlobal>
 
 #include <algorithm>

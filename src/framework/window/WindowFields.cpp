@@ -80,7 +80,7 @@ QGroupBox* WindowFields::ConclusionsFrame(const QString& frameName)
     return box;
 }
 
-QLineEdit* WindowFields::SizeEdit(QLatin1StringView control)
+QLineEdit* WindowFields::MakeSizeField(QLatin1StringView control)
 {
     auto* edit = new QLineEdit;
     edit->setObjectName(control);
@@ -96,7 +96,7 @@ QLineEdit* WindowFields::SizeEdit(QLatin1StringView control)
 void WindowFields::AddSize(QGridLayout* layout, const SizeRow& row)
 {
     const SizeField& field = m_document.SizeOf(row.control);
-    QLineEdit* edit = SizeEdit(field.control);
+    QLineEdit* edit = MakeSizeField(field.control);
     QLabel* caption = FixedLabel(row.labelName, field.caption);
     caption->setWordWrap(true);
     caption->setBuddy(edit);
@@ -250,10 +250,10 @@ bool WindowFields::eventFilter(QObject* object, QEvent* event)
             return true;
     }
     auto* edit = qobject_cast<QLineEdit*>(object);
-    return m_sizes.contains(edit) && FilterSizeEdit(edit, event);
+    return m_sizes.contains(edit) && FilterSizeField(edit, event);
 }
 
-bool WindowFields::FilterSizeEdit(QLineEdit* edit, QEvent* event)
+bool WindowFields::FilterSizeField(QLineEdit* edit, QEvent* event)
 {
     if (event->type() == QEvent::FocusIn) {
         // The click that brings the focus places the caret after this, so that selecting comes later.
@@ -262,12 +262,12 @@ bool WindowFields::FilterSizeEdit(QLineEdit* edit, QEvent* event)
         const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
         if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason &&
             reason != Qt::MenuBarFocusReason)
-            LeaveSizeEdit(edit);
+            LeaveSizeField(edit);
     }
     return false;
 }
 
-void WindowFields::LeaveSizeEdit(QLineEdit* edit)
+void WindowFields::LeaveSizeField(QLineEdit* edit)
 {
     m_guard([&] {
         const QByteArray control = edit->objectName().toLatin1();

@@ -72,9 +72,9 @@ protected:
     bool eventFilter(QObject* object, QEvent* event) override;
 
 private:
-    QLineEdit* SizeEdit(QLatin1StringView control);
-    bool FilterSizeEdit(QLineEdit* edit, QEvent* event);
-    void LeaveSizeEdit(QLineEdit* edit);
+    QLineEdit* MakeSizeField(QLatin1StringView control);
+    bool FilterSizeField(QLineEdit* edit, QEvent* event);
+    void LeaveSizeField(QLineEdit* edit);
     void ShowOption();
 
     TestDocument& m_document;
