@@ -87,9 +87,8 @@ public:
     DataGrid& Grid(std::size_t index = 0) { return *m_grids[index]; }
     const DataGrid& Grid(std::size_t index = 0) const { return *m_grids[index]; }
     std::span<DataGrid* const> Grids() const { return m_grids; }
-    /// The user changed a grid. Its window calls this inside its guard. Fails as the document's own work on
-    /// it does.
-    /// What changes fields emits Changed.
+    /// The user changed a grid. Its window calls this inside its guard. A document that changes fields here
+    /// emits Changed. Fails as the document's own work does.
     virtual void CellsEdited(DataGrid& /*grid*/, const GridChange& /*change*/) {}
     /// The headers that are data, in tests that have such.
     std::optional<QStringList> Headers() const;
@@ -173,10 +172,8 @@ protected:
     /// The shape lives as long as the program. Made by MakeDocument alone, which then calls Renew.
     TestDocument(const DocumentShape& shape, const DocumentContext& context);
 
-    // What a test adds. Calls come in the order of these lines.
+    // What a test adds. A reset calls the first four, in this order.
 
-    /// The header fields were typed, read or reset: captions follow.
-    virtual void ShowInputs() {}
     /// The grids' size, options and whatever else the shape does not tell, as a new document has them. The
     /// cells, their digits and the results are still the former ones.
     virtual void ResetOwn() {}
@@ -185,6 +182,8 @@ protected:
     /// What the reset texts of fields and tables do not tell. They stand, in the new document's number
     /// format.
     virtual void ShowReset() {}
+    /// The header fields were typed, read or reset: captions follow.
+    virtual void ShowInputs() {}
     /// An option was selected, by the user, a reset or a file: captions and visibility follow.
     virtual void ShowOption() {}
     /// The user chose an option; ShowOption came before.
@@ -260,10 +259,10 @@ private:
 };
 
 /// A new document, in the state of one without a file.
-template<typename Document, typename... Arguments>
-std::unique_ptr<Document> MakeDocument(const DocumentContext& context, Arguments&&... arguments)
+template<typename Document>
+std::unique_ptr<Document> MakeDocument(const DocumentContext& context)
 {
-    auto document = std::make_unique<Document>(context, std::forward<Arguments>(arguments)...);
+    auto document = std::make_unique<Document>(context);
     document->Renew();
     return document;
 }

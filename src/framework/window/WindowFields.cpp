@@ -134,16 +134,21 @@ void WindowFields::AddResults(QGridLayout* layout, const QList<ResultRow>& rows)
             layout->addWidget(ResultLabel(row.controls.constFirst()), at, 0, 1, columns);
             continue;
         }
-        const QString caption =
-            row.caption.isEmpty() ? m_document.Fields()[row.controls.constFirst()].caption : row.caption;
-        QLabel* label = m_document.Fields().Has(row.labelName) ? FieldLabel(row.labelName)
-                                                               : FixedLabel(row.labelName, caption);
-        layout->addWidget(label, at, 0, 1, row.controls.isEmpty() ? columns : 1);
+        layout->addWidget(RowLabel(row), at, 0, 1, row.controls.isEmpty() ? columns : 1);
         for (qsizetype i = 0; i < row.controls.size(); ++i)
             layout->addWidget(ResultLabel(row.controls[i]), at, static_cast<int>(i) + 1);
     }
     for (int column = 1; column < columns; ++column)
         layout->setColumnStretch(column, 1);
+}
+
+QLabel* WindowFields::RowLabel(const ResultRow& row)
+{
+    if (m_document.Fields().Has(row.labelName))
+        return FieldLabel(row.labelName);
+    if (!row.caption.isEmpty())
+        return FixedLabel(row.labelName, row.caption);
+    return FixedLabel(row.labelName, m_document.Fields()[row.controls.constFirst()].caption);
 }
 
 QLabel* WindowFields::ResultLabel(QLatin1StringView control)

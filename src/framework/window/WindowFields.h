@@ -72,6 +72,7 @@ protected:
     bool eventFilter(QObject* object, QEvent* event) override;
 
 private:
+    QLabel* RowLabel(const ResultRow& row);
     QLineEdit* MakeSizeField(QLatin1StringView control);
     bool FilterSizeField(QLineEdit* edit, QEvent* event);
     void LeaveSizeField(QLineEdit* edit);
