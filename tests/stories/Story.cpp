@@ -1,0 +1,469 @@
+#include "stories/Story.h"
+
+#include "Compare.h"
+#include "framework/grid/DataGrid.h"
+#include "framework/window/GridView.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QDir>
+#include <QDirIterator>
+#include <QFileDialog>
+#include <QHeaderView>
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QMouseEvent>
+#include <QPushButton>
+#include <QTabBar>
+#include <QTest>
+#include <QTimer>
+#include <QToolBar>
+#include <QWheelEvent>
+
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+int g_beeps = 0;
+} // namespace
+
+/// Stands in the place of Qt's own for all of the test: a sound can't be heard otherwise.
+void QApplication::beep()
+{
+    ++g_beeps;
+}
+
+namespace
+{
+
+constexpr QSize kFrame(1180, 860);
+
+/// The words of a step; blanks inside quotation marks belong to a word, "\n" and "\t" are what they are in C.
+QStringList Words(const QString& line)
+{
+    QStringList words;
+    QString word;
+    bool quoted = false;
+    bool any = false;
+    for (const QChar c : line) {
+        if (c == u'"') {
+            quoted = !quoted;
+            any = true;
+        } else if (c == u' ' && !quoted) {
+            if (any)
+                words += std::exchange(word, {});
+            any = false;
+        } else {
+            word += c;
+            any = true;
+        }
+    }
+    if (any)
+        words += word;
+    words.replaceInStrings(u"\\n"_s, u"\n"_s).replaceInStrings(u"\\t"_s, u"\t"_s);
+    return words;
+}
+
+/// Until nothing is under way any more.
+void Settle(MainWindow* frame)
+{
+    for (int i = 0; i < 4; ++i) {
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QCoreApplication::processEvents();
+        // What a window manager does when a menu or a dialog closes, and the offscreen platform does not.
+        const QWidget* active = QApplication::activeWindow();
+        if (frame != nullptr && frame->isVisible() && QApplication::activePopupWidget() == nullptr &&
+            (active == nullptr || !active->isVisible()))
+            frame->activateWindow();
+    }
+}
+
+QPoint CellMiddle(const QTableView* view, const QString& row, const QString& col)
+{
+    return view->visualRect(view->model()->index(row.toInt() - 1, col.toInt() - 1)).center();
+}
+
+void MoveMouse(QWidget* widget, const QPoint& at, Qt::MouseButtons buttons = Qt::NoButton)
+{
+    QMouseEvent move(QEvent::MouseMove, at, widget->mapToGlobal(QPointF(at)), Qt::NoButton, buttons, {});
+    QApplication::sendEvent(widget, &move);
+}
+
+} // namespace
+
+Story::Story(const QString& text) : m_text(text), m_home(std::make_unique<QTemporaryDir>())
+{
+    // Documents, settings and the working database are looked for below these.
+    qputenv("HOME", QFile::encodeName(m_home->path()));
+    for (const char* name : {"XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_DOCUMENTS_DIR"})
+        qunsetenv(name);
+    QGuiApplication::clipboard()->clear();
+    g_beeps = 0;
+}
+
+Story::~Story() = default;
+
+void Story::Start()
+{
+    m_program.reset();
+    m_program = std::make_unique<Program>();
+    if (!m_program->Start()) {
+        m_program.reset();
+        return;
+    }
+    m_program->Window().resize(kFrame);
+    if (!QTest::qWaitForWindowActive(&m_program->Window()))
+        QTest::qFail("the frame is not shown", __FILE__, __LINE__);
+}
+
+QString Story::Tell()
+{
+    QList<std::pair<Step, QList<Step>>> steps;
+    const QStringList lines = m_text.split(u'\n');
+    for (qsizetype i = 0; i < lines.size(); ++i) {
+        const QString& line = lines[i];
+        if (line.isEmpty() || line.startsWith(u'#')) {
+            // An empty line inside what a step changed can't be: each change is a line with something in it.
+            if (!line.isEmpty() || (i + 1 < lines.size()))
+                m_told += line;
+            continue;
+        }
+        if (!line.startsWith(u'>') || line.startsWith(u">>"))
+            continue;
+        const auto parsed = [](const QString& from) {
+            QStringList words = Words(from.sliced(from.lastIndexOf(u"> "_s) == 0 ? 2 : 3));
+            const QString verb = words.takeFirst();
+            return Step{verb, words, from};
+        };
+        for (qsizetype next = i + 1; next < lines.size() && !lines[next].startsWith(u"> "); ++next) {
+            if (lines[next].startsWith(u">> "))
+                m_inside += parsed(lines[next]);
+        }
+        m_told += line;
+        m_dialog = nullptr;
+        if (!m_inside.isEmpty())
+            QTimer::singleShot(0, qApp, [this] { DoInDialogs(); });
+        Do(parsed(line));
+        Settle(m_program == nullptr ? nullptr : &m_program->Window());
+        for (const Step& step : std::exchange(m_inside, {}))
+            m_told += u"NO DIALOG FOR "_s + step.line;
+        TellChanges(1);
+    }
+    m_program.reset();
+    return m_told.join(u'\n') + u'\n';
+}
+
+/// A dialog's own event loop calls this: its picture, the next step in it, and what that changed.
+void Story::DoInDialogs()
+{
+    QWidget* dialog = QApplication::activeModalWidget();
+    if (dialog == nullptr) {
+        if (!m_inside.isEmpty()) // it has yet to come
+            QTimer::singleShot(1, qApp, [this] { DoInDialogs(); });
+        return;
+    }
+    if (dialog != std::exchange(m_dialog, dialog)) {
+        for (const QString& line : Changes({}, PictureOf(dialog)))
+            m_told += Cleaned(u"  "_s + line);
+    }
+    QTimer::singleShot(0, qApp, [this] { DoInDialogs(); });
+    if (m_inside.isEmpty()) {
+        m_told += u"  STAYS OPEN"_s;
+        qobject_cast<QDialog*>(dialog)->reject();
+        return;
+    }
+    const Step step = m_inside.takeFirst();
+    const Picture before = PictureOf(dialog);
+    const QPointer<QWidget> open(dialog);
+    m_told += step.line;
+    Do(step);
+    if (open != nullptr && open->isVisible() && QApplication::activeModalWidget() == open) {
+        for (const QString& change : Changes(before, PictureOf(dialog)))
+            m_told += Cleaned(u"  "_s + change);
+    }
+}
+
+Picture Story::World() const
+{
+    Picture world;
+    const auto tell = [&world](const QString& what, const QString& text, int depth = 0,
+                               const QString& within = {}) {
+        world.append({within + u'/' + what, what + u' ' + text, depth});
+    };
+    if (m_program != nullptr && m_program->Window().isVisible()) {
+        const QWidget* focus = QApplication::focusWidget();
+        const auto* field = qobject_cast<const QLineEdit*>(focus);
+        if (field != nullptr && qobject_cast<GridView*>(field->parentWidget()->parentWidget()) != nullptr)
+            tell(u"typing"_s,
+                 u'"' + field->text() + u'"' + (field->hasSelectedText() ? u" selected"_s : QString()));
+        tell(u"focus"_s, focus == nullptr ? u"nowhere"_s
+                         : field != nullptr && field->objectName().isEmpty()
+                             ? focus->parentWidget()->parentWidget()->objectName()
+                             : focus->objectName());
+        const QMdiSubWindow* active = m_program->Window().findChild<QMdiArea*>()->currentSubWindow();
+        const bool waits = active != nullptr && active->widget()->cursor().shape() == Qt::WaitCursor;
+        tell(u"pointer"_s, waits ? u"hourglass"_s : u"arrow"_s);
+        world += PictureOf(&m_program->Window());
+        if (const auto* popup = QApplication::activePopupWidget()) {
+            tell(u"popup"_s, {});
+            for (const PictureLine& line : PictureOf(popup))
+                world.append({u"popup"_s + line.key, line.text, line.depth + 1});
+        }
+    } else {
+        tell(u"ended"_s, {});
+    }
+    QString copied = QGuiApplication::clipboard()->text();
+    tell(u"clipboard"_s, u'"' + copied.replace(u'\n', u"\\n"_s).replace(u'\t', u"\\t"_s) + u'"');
+    tell(u"beeps"_s, QString::number(g_beeps));
+    QDirIterator files(m_home->path(), QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
+    QMap<QString, QString> found;
+    while (files.hasNext()) {
+        const QString name = files.next();
+        if (!name.endsWith(u".MDB"_s) && !name.contains(u"/.config/"_s) && !name.contains(u"/.cache/"_s))
+            found.insert(Cleaned(name), name);
+    }
+    for (auto file = found.begin(); file != found.end(); ++file) {
+        QFile content(file.value());
+        const bool opened = content.open(QIODevice::ReadOnly);
+        const QByteArray bytes = content.readAll();
+        const bool plain = opened && !bytes.contains('\0') && !bytes.startsWith("%PDF");
+        QString text = plain ? QString::fromLatin1(bytes).replace(u'\r', u'$') : u"binary"_s;
+        if (text.endsWith(u'\n'))
+            text.chop(1);
+        tell(u"file"_s, file.key() + BarredLines(text));
+        world.last().key += file.key();
+    }
+    return world;
+}
+
+void Story::TellChanges(int depth)
+{
+    const Picture now = World();
+    for (const QString& change : Changes(m_before, now))
+        m_told += Cleaned(QString(2 * depth, u' ') + change);
+    m_before = now;
+}
+
+/// Without what differs from one machine, or from one time, to the next.
+QString Story::Cleaned(QString text) const
+{
+    text.replace(m_home->path(), u"HOME"_s).replace(QApplication::applicationDirPath(), u"PROGRAM"_s);
+    return text;
+}
+
+QWidget* Story::Window() const
+{
+    if (QWidget* dialog = QApplication::activeModalWidget())
+        return dialog;
+    return &m_program->Window();
+}
+
+/// By its name, a button of a dialog also by its text; the one that is seen where there are several.
+QWidget* Story::Find(const QString& name) const
+{
+    QWidget* window = Window();
+    if (const auto* frame = qobject_cast<MainWindow*>(window)) {
+        const QMdiSubWindow* active = frame->findChild<QMdiArea*>()->currentSubWindow();
+        if (active != nullptr && active->widget()->findChild<QWidget*>(name) != nullptr)
+            window = active->widget();
+    }
+    for (QWidget* widget : window->findChildren<QWidget*>(name)) {
+        if (widget->isVisible())
+            return widget;
+    }
+    for (auto* button : window->findChildren<QAbstractButton*>()) {
+        if (button->isVisible() && button->text() == name)
+            return button;
+    }
+    for (auto* toolbar : window->findChildren<QToolBar*>()) {
+        for (QAction* action : toolbar->actions()) {
+            if (action->objectName() == name)
+                return toolbar->widgetForAction(action);
+        }
+    }
+    qFatal("nothing that is seen is named %s", qPrintable(name));
+}
+
+void Story::Click(const Step& step)
+{
+    QWidget* widget = Find(step.words.constFirst());
+    const QRect inside = widget->rect();
+    // An option's mark: beside its text there may be room that takes no click.
+    const bool mark = qobject_cast<QAbstractButton*>(widget) != nullptr &&
+                      qobject_cast<QAbstractButton*>(widget)->isCheckable();
+    const QPoint at = mark ? QPoint(6, inside.center().y()) : inside.center();
+    if (step.verb == u"doubleclick") {
+        QTest::mouseDClick(widget, Qt::LeftButton, {}, at);
+    } else if (step.verb == u"rightclick") {
+        auto* view = qobject_cast<QAbstractScrollArea*>(widget);
+        QWidget* target = view != nullptr ? view->viewport() : widget;
+        QTest::mouseClick(target, Qt::RightButton, {}, at);
+        QContextMenuEvent menu(QContextMenuEvent::Mouse, at, target->mapToGlobal(at));
+        QApplication::sendEvent(target, &menu);
+    } else if (step.verb == u"hover") {
+        auto* view = qobject_cast<QAbstractScrollArea*>(widget);
+        MoveMouse(view != nullptr ? view->viewport() : widget, QPoint(3, 3));
+    } else {
+        QTest::mouseClick(widget, Qt::LeftButton, {}, at);
+    }
+}
+
+/// With the mouse. An item that is grey takes no click; the menu stays then, and is left by the keyboard.
+void Story::Pick(QMenu* menu, const QString& name)
+{
+    for (QAction* action : menu->actions()) {
+        if (action->objectName() != name && action->text() != name)
+            continue;
+        QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(action).center());
+        return;
+    }
+    qFatal("no item %s", qPrintable(name));
+}
+
+void Story::MenuStep(const QStringList& path)
+{
+    QMenuBar* bar = m_program->Window().menuBar();
+    for (QAction* action : bar->actions()) {
+        if (action->menu()->objectName() == path.constFirst())
+            QTest::mouseClick(bar, Qt::LeftButton, {}, bar->actionGeometry(action).center());
+    }
+    for (const QString& name : path.sliced(1)) {
+        auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+        if (menu == nullptr)
+            qFatal("no menu for %s", qPrintable(name));
+        Pick(menu, name);
+    }
+    if (QApplication::activePopupWidget() == nullptr || path.size() == 1)
+        return;
+    m_told += u"  the item is grey"_s;
+    while (auto* menu = QApplication::activePopupWidget())
+        menu->close();
+}
+
+void Story::Press(const QString& keys)
+{
+    const QKeyCombination key = QKeySequence(keys)[0];
+    QWidget* target = QApplication::activePopupWidget();
+    if (target == nullptr)
+        target = QApplication::focusWidget();
+    if (target == nullptr)
+        target = Window();
+    QTest::keyClick(target, key.key(), key.keyboardModifiers());
+}
+
+void Story::Type(const QString& text)
+{
+    for (const QChar c : text) {
+        QWidget* target = QApplication::focusWidget();
+        QTest::keyClicks(target != nullptr ? target : Window(), c);
+    }
+}
+
+/// cell GRID ROW COLUMN [to ROW COLUMN], counted from 1: a click, or a drag over several cells.
+void Story::Cell(const Step& step)
+{
+    auto* view = qobject_cast<QTableView*>(Find(step.words[0]));
+    const QPoint from = CellMiddle(view, step.words[1], step.words[2]);
+    if (step.verb == u"doublecell") {
+        QTest::mouseDClick(view->viewport(), Qt::LeftButton, {}, from);
+        return;
+    }
+    if (step.words.size() < 6) {
+        QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, from);
+        return;
+    }
+    const QPoint to = CellMiddle(view, step.words[4], step.words[5]);
+    QTest::mousePress(view->viewport(), Qt::LeftButton, {}, from);
+    MoveMouse(view->viewport(), (from + to) / 2, Qt::LeftButton);
+    MoveMouse(view->viewport(), to, Qt::LeftButton);
+    QTest::mouseRelease(view->viewport(), Qt::LeftButton, {}, to);
+}
+
+/// drag GRID ROW COLUMN to ROW COLUMN: by the upper border of a cell of the selected block.
+void Story::Drag(const QStringList& words)
+{
+    auto* view = qobject_cast<QTableView*>(Find(words[0]));
+    const QRect cell = view->visualRect(view->model()->index(words[1].toInt() - 1, words[2].toInt() - 1));
+    const QPoint from(cell.center().x(), cell.top() + 1);
+    const QPoint to = CellMiddle(view, words[4], words[5]);
+    QTest::mousePress(view->viewport(), Qt::LeftButton, {}, from);
+    MoveMouse(view->viewport(), (from + to) / 2, Qt::LeftButton);
+    MoveMouse(view->viewport(), to, Qt::LeftButton);
+    QTest::mouseRelease(view->viewport(), Qt::LeftButton, {}, to);
+}
+
+void Story::FilesStep(const Step& step)
+{
+    const QString target = m_home->filePath(step.words.constLast());
+    if (step.verb == u"copy") {
+        QFile::remove(target);
+        QFile::copy(QStringLiteral(QUOREL_TEST_DATA "/") + step.words[0], target);
+    } else if (step.verb == u"write") {
+        QFile file(m_home->filePath(step.words[0]));
+        if (!file.open(QIODevice::WriteOnly) || file.write(step.words[1].toLatin1()) < 0)
+            qFatal("%s can't be written", qPrintable(step.words[0]));
+    } else if (step.verb == u"folder") {
+        QDir(m_home->path()).mkpath(step.words[0]);
+    } else if (step.verb == u"remove") {
+        QFile::remove(target);
+        QDir(target).removeRecursively();
+    }
+}
+
+/// The name is typed; a name without a folder is in the folder that the dialog shows.
+void Story::FileDialogStep(const QString& name)
+{
+    auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+    if (dialog == nullptr)
+        qFatal("no file dialog for %s", qPrintable(name));
+    auto* field = dialog->findChild<QLineEdit*>(u"fileNameEdit"_s);
+    field->setText(QString(name).replace(u"HOME"_s, m_home->path()));
+    QTest::keyClick(field, Qt::Key_Return);
+}
+
+void Story::Do(const Step& step)
+{
+    const QString& verb = step.verb;
+    const auto word = [&step](qsizetype i) { return step.words.value(i); };
+    if (verb == u"start") {
+        Start();
+    } else if (verb == u"click" || verb == u"doubleclick" || verb == u"rightclick" || verb == u"hover") {
+        Click(step);
+    } else if (verb == u"menu") {
+        MenuStep(word(0).split(u'/'));
+    } else if (verb == u"pick") {
+        Pick(qobject_cast<QMenu*>(QApplication::activePopupWidget()), word(0));
+    } else if (verb == u"page") {
+        auto* bar = Find(u"SSTab1"_s)->findChild<QTabBar*>();
+        for (int i = 0; i < bar->count(); ++i) {
+            if (bar->tabText(i) == word(0))
+                QTest::mouseClick(bar, Qt::LeftButton, {}, bar->tabRect(i).center());
+        }
+    } else if (verb == u"press") {
+        for (const QString& keys : step.words)
+            Press(keys);
+    } else if (verb == u"type") {
+        Type(word(0));
+        for (const QString& keys : step.words.sliced(1))
+            Press(keys);
+    } else if (verb == u"cell" || verb == u"doublecell") {
+        Cell(step);
+    } else if (verb == u"drag") {
+        Drag(step.words);
+    } else if (verb == u"clipboard") {
+        QGuiApplication::clipboard()->setText(word(0));
+    } else if (verb == u"file") {
+        FileDialogStep(word(0));
+    } else if (verb == u"close") {
+        Window()->close();
+    } else if (verb == u"resize") {
+        Window()->resize(word(0).toInt(), word(1).toInt());
+    } else if (verb == u"copy" || verb == u"write" || verb == u"folder" || verb == u"remove") {
+        FilesStep(step);
+    } else {
+        qFatal("no step %s", qPrintable(step.line));
+    }
+}
