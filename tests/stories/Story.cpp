@@ -41,7 +41,13 @@ namespace
 
 constexpr QSize kFrame(1180, 860);
 
-/// The words of a step; blanks inside quotation marks belong to a word, "\n" and "\t" are what they are in C.
+/// Why a step can't be done.
+struct NotDone {
+    QString why;
+};
+
+/// The words of a step; blanks inside quotation marks belong to a word, "\n" and its like are what they are
+/// in C.
 QStringList Words(const QString& line)
 {
     QStringList words;
@@ -63,7 +69,9 @@ QStringList Words(const QString& line)
     }
     if (any)
         words += word;
-    words.replaceInStrings(u"\\n"_s, u"\n"_s).replaceInStrings(u"\\t"_s, u"\t"_s);
+    words.replaceInStrings(u"\\r"_s, u"\r"_s)
+        .replaceInStrings(u"\\n"_s, u"\n"_s)
+        .replaceInStrings(u"\\t"_s, u"\t"_s);
     return words;
 }
 
@@ -134,7 +142,10 @@ QString Story::Tell()
         if (!line.startsWith(u'>') || line.startsWith(u">>"))
             continue;
         const auto parsed = [](const QString& from) {
-            QStringList words = Words(from.sliced(from.lastIndexOf(u"> "_s) == 0 ? 2 : 3));
+            QString step = from.section(u' ', 1);
+            if (step.startsWith(u'(') && step.endsWith(u')'))
+                step = step.sliced(1).chopped(1);
+            QStringList words = Words(step);
             const QString verb = words.takeFirst();
             return Step{verb, words, from};
         };
@@ -144,10 +155,15 @@ QString Story::Tell()
         }
         m_told += line;
         m_dialog = nullptr;
-        if (!m_inside.isEmpty())
-            QTimer::singleShot(0, qApp, [this] { DoInDialogs(); });
+        m_doing = true;
+        QTimer::singleShot(0, qApp, [this] { DoInDialogs(); });
         Do(parsed(line));
         Settle(m_program == nullptr ? nullptr : &m_program->Window());
+        m_doing = false;
+        if (line.endsWith(u')')) { // told elsewhere
+            m_before = World();
+            continue;
+        }
         for (const Step& step : std::exchange(m_inside, {}))
             m_told += u"NO DIALOG FOR "_s + step.line;
         TellChanges(1);
@@ -161,8 +177,13 @@ void Story::DoInDialogs()
 {
     QWidget* dialog = QApplication::activeModalWidget();
     if (dialog == nullptr) {
-        if (!m_inside.isEmpty()) // it has yet to come
+        if (m_doing) // it may have yet to come
             QTimer::singleShot(1, qApp, [this] { DoInDialogs(); });
+        return;
+    }
+    if (!dialog->isActiveWindow()) { // the window manager's part, again
+        dialog->activateWindow();
+        QTimer::singleShot(1, qApp, [this] { DoInDialogs(); });
         return;
     }
     if (dialog != std::exchange(m_dialog, dialog)) {
@@ -191,7 +212,7 @@ Picture Story::World() const
     Picture world;
     const auto tell = [&world](const QString& what, const QString& text, int depth = 0,
                                const QString& within = {}) {
-        world.append({within + u'/' + what, what + u' ' + text, depth});
+        world.append({within + u'/' + what, text.isEmpty() ? what : what + u' ' + text, depth});
     };
     if (m_program != nullptr && m_program->Window().isVisible()) {
         const QWidget* focus = QApplication::focusWidget();
@@ -267,7 +288,7 @@ QWidget* Story::Find(const QString& name) const
     QWidget* window = Window();
     if (const auto* frame = qobject_cast<MainWindow*>(window)) {
         const QMdiSubWindow* active = frame->findChild<QMdiArea*>()->currentSubWindow();
-        if (active != nullptr && active->widget()->findChild<QWidget*>(name) != nullptr)
+        if (active != nullptr && active->widget()->findChild<QObject*>(name) != nullptr)
             window = active->widget();
     }
     for (QWidget* widget : window->findChildren<QWidget*>(name)) {
@@ -284,7 +305,7 @@ QWidget* Story::Find(const QString& name) const
                 return toolbar->widgetForAction(action);
         }
     }
-    qFatal("nothing that is seen is named %s", qPrintable(name));
+    throw NotDone{u"nothing that is seen is named "_s + name};
 }
 
 void Story::Click(const Step& step)
@@ -296,6 +317,7 @@ void Story::Click(const Step& step)
                       qobject_cast<QAbstractButton*>(widget)->isCheckable();
     const QPoint at = mark ? QPoint(6, inside.center().y()) : inside.center();
     if (step.verb == u"doubleclick") {
+        QTest::mouseClick(widget, Qt::LeftButton, {}, at);
         QTest::mouseDClick(widget, Qt::LeftButton, {}, at);
     } else if (step.verb == u"rightclick") {
         auto* view = qobject_cast<QAbstractScrollArea*>(widget);
@@ -315,12 +337,16 @@ void Story::Click(const Step& step)
 void Story::Pick(QMenu* menu, const QString& name)
 {
     for (QAction* action : menu->actions()) {
-        if (action->objectName() != name && action->text() != name)
+        const QString& known =
+            action->menu() != nullptr ? action->menu()->objectName() : action->objectName();
+        if (known != name && action->text() != name)
             continue;
         QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(action).center());
+        if (action->menu() != nullptr && !QTest::qWaitFor([action] { return action->menu()->isVisible(); }))
+            throw NotDone{u"the menu does not open"_s};
         return;
     }
-    qFatal("no item %s", qPrintable(name));
+    throw NotDone{u"no item "_s + name};
 }
 
 void Story::MenuStep(const QStringList& path)
@@ -333,7 +359,7 @@ void Story::MenuStep(const QStringList& path)
     for (const QString& name : path.sliced(1)) {
         auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
         if (menu == nullptr)
-            qFatal("no menu for %s", qPrintable(name));
+            throw NotDone{u"no menu for "_s + name};
         Pick(menu, name);
     }
     if (QApplication::activePopupWidget() == nullptr || path.size() == 1)
@@ -357,8 +383,11 @@ void Story::Press(const QString& keys)
 void Story::Type(const QString& text)
 {
     for (const QChar c : text) {
-        QWidget* target = QApplication::focusWidget();
-        QTest::keyClicks(target != nullptr ? target : Window(), c);
+        QWidget* target = QApplication::focusWidget() != nullptr ? QApplication::focusWidget() : Window();
+        if (c.unicode() < 128)
+            QTest::keyClicks(target, c);
+        else
+            QTest::sendKeyEvent(QTest::Click, target, Qt::Key_unknown, c, Qt::NoModifier);
     }
 }
 
@@ -366,8 +395,11 @@ void Story::Type(const QString& text)
 void Story::Cell(const Step& step)
 {
     auto* view = qobject_cast<QTableView*>(Find(step.words[0]));
+    if (view == nullptr)
+        throw NotDone{u"no grid"_s};
     const QPoint from = CellMiddle(view, step.words[1], step.words[2]);
     if (step.verb == u"doublecell") {
+        QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, from);
         QTest::mouseDClick(view->viewport(), Qt::LeftButton, {}, from);
         return;
     }
@@ -404,7 +436,7 @@ void Story::FilesStep(const Step& step)
     } else if (step.verb == u"write") {
         QFile file(m_home->filePath(step.words[0]));
         if (!file.open(QIODevice::WriteOnly) || file.write(step.words[1].toLatin1()) < 0)
-            qFatal("%s can't be written", qPrintable(step.words[0]));
+            throw NotDone{u"it can't be written"_s};
     } else if (step.verb == u"folder") {
         QDir(m_home->path()).mkpath(step.words[0]);
     } else if (step.verb == u"remove") {
@@ -418,13 +450,25 @@ void Story::FileDialogStep(const QString& name)
 {
     auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
     if (dialog == nullptr)
-        qFatal("no file dialog for %s", qPrintable(name));
+        throw NotDone{u"no file dialog"_s};
     auto* field = dialog->findChild<QLineEdit*>(u"fileNameEdit"_s);
     field->setText(QString(name).replace(u"HOME"_s, m_home->path()));
     QTest::keyClick(field, Qt::Key_Return);
 }
 
+/// A step that can't be done is told of, and the story goes on.
 void Story::Do(const Step& step)
+{
+    try {
+        Run(step);
+    } catch (const NotDone& stopped) {
+        m_told += u"  NOT DONE: "_s + stopped.why;
+        while (auto* popup = QApplication::activePopupWidget())
+            popup->close();
+    }
+}
+
+void Story::Run(const Step& step)
 {
     const QString& verb = step.verb;
     const auto word = [&step](qsizetype i) { return step.words.value(i); };
@@ -435,7 +479,10 @@ void Story::Do(const Step& step)
     } else if (verb == u"menu") {
         MenuStep(word(0).split(u'/'));
     } else if (verb == u"pick") {
-        Pick(qobject_cast<QMenu*>(QApplication::activePopupWidget()), word(0));
+        auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+        if (menu == nullptr)
+            throw NotDone{u"no menu is open"_s};
+        Pick(menu, word(0));
     } else if (verb == u"page") {
         auto* bar = Find(u"SSTab1"_s)->findChild<QTabBar*>();
         for (int i = 0; i < bar->count(); ++i) {
@@ -464,6 +511,6 @@ void Story::Do(const Step& step)
     } else if (verb == u"copy" || verb == u"write" || verb == u"folder" || verb == u"remove") {
         FilesStep(step);
     } else {
-        qFatal("no step %s", qPrintable(step.line));
+        throw NotDone{u"no such step"_s};
     }
 }

@@ -36,6 +36,7 @@ private:
 
     void Start();
     void Do(const Step& step);
+    void Run(const Step& step);
     void DoInDialogs();
     /// Everything that a user could see, hear or find on the disk.
     Picture World() const;
@@ -56,7 +57,8 @@ private:
 
     QString m_text;
     QStringList m_told;
-    QList<Step> m_inside;              ///< the steps still to be done in dialogs
+    QList<Step> m_inside; ///< the steps still to be done in dialogs
+    bool m_doing = false;
     const QWidget* m_dialog = nullptr; ///< the one that was last told of
     Picture m_before;
     std::unique_ptr<QTemporaryDir> m_home;

@@ -64,7 +64,8 @@ namespace
 /// Whether the control is too small for its text.
 bool IsCut(const QWidget* widget)
 {
-    if (!widget->isVisible())
+    // A panel ends a text that is too long in an ellipsis.
+    if (!widget->isVisible() || qobject_cast<const StatusPanel*>(widget) != nullptr)
         return false;
     const auto* label = qobject_cast<const QLabel*>(widget);
     if (label != nullptr && label->wordWrap())
@@ -80,7 +81,8 @@ QString Over(const QWidget* widget)
         widget->parentWidget()->layout() == nullptr)
         return {};
     for (const auto* other : widget->parentWidget()->findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
-        if (other != widget && other->isVisible() && other->geometry().intersects(widget->geometry()))
+        if (other != widget && !other->isWindow() && other->isVisible() &&
+            other->geometry().intersects(widget->geometry()))
             return u" OVER "_s + other->objectName();
     }
     return {};
@@ -93,7 +95,9 @@ QHash<const QWidget*, int> TabPlaces(const QWidget* window)
     int place = 0;
     const QWidget* widget = window;
     do {
-        if ((widget->focusPolicy() & Qt::TabFocus) != 0 && widget->focusProxy() == nullptr)
+        const bool editor = widget->parentWidget() != nullptr &&
+                            qobject_cast<const GridView*>(widget->parentWidget()->parentWidget()) != nullptr;
+        if ((widget->focusPolicy() & Qt::TabFocus) != 0 && widget->focusProxy() == nullptr && !editor)
             places.insert(widget, ++place);
         widget = widget->nextInFocusChain();
     } while (widget != window);
@@ -151,7 +155,7 @@ void PictureMaker::Control(const QString& role, const QWidget* widget, const QSt
         line += u" tab "_s + QString::number(m_tabs[widget]);
     if (!widget->accessibleName().isEmpty())
         line += u" named "_s + Quoted(widget->accessibleName());
-    if (!widget->accessibleDescription().isEmpty() && !text.contains(widget->accessibleDescription()))
+    if (!widget->accessibleDescription().isEmpty() && !text.contains(Quoted(widget->accessibleDescription())))
         line += u" described "_s + Quoted(widget->accessibleDescription());
     if (!widget->toolTip().isEmpty())
         line += text.contains(Quoted(widget->toolTip())) ? u" tip"_s : u" tip "_s + Quoted(widget->toolTip());
@@ -263,7 +267,8 @@ void PictureMaker::Table(const QString& role, const QTableView* view)
         for (int col = 0; col < model->columnCount(); ++col) {
             const QModelIndex index = model->index(row, col);
             const bool locked = role == u"grid" && !index.flags().testFlag(Qt::ItemIsEditable);
-            texts += locked ? u"locked"_s : index.data().toString();
+            const QString text = index.data().toString();
+            texts += locked ? u"locked"_s : text.isEmpty() ? u"empty"_s : text;
         }
         return texts.join(u" | "_s);
     };

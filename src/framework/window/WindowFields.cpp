@@ -27,6 +27,14 @@ void ShowText(QLineEdit* edit, const QString& text)
         edit->setText(text);
 }
 
+/// Sets a text, and with it the tool tip that shows all of it where a calculation has set one.
+void ShowText(QLabel* label, const QString& text)
+{
+    label->setText(text);
+    if (!label->toolTip().isEmpty())
+        label->setToolTip(text);
+}
+
 /// Texts end their lines with CR LF, widgets with LF.
 QString OneLineEnd(QString text)
 {
@@ -223,7 +231,7 @@ void WindowFields::Refresh()
     for (QLineEdit* edit : std::as_const(m_sizes))
         ShowText(edit, m_document.ControlText(edit->objectName()));
     for (QLabel* label : std::as_const(m_labels)) {
-        label->setText(OneLineEnd(m_document.ControlText(label->objectName())));
+        ShowText(label, OneLineEnd(m_document.ControlText(label->objectName())));
         label->setVisible(m_document.ControlVisible(label->objectName()));
     }
     for (auto box = m_boxes.keyValueBegin(); box != m_boxes.keyValueEnd(); ++box) {
