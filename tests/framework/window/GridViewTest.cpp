@@ -1,4 +1,4 @@
-// The grid on screen: keys, blocks, clipboard, dragging and the popup, with real key and mouse events.
+// The grid on screen: blocks by headers and mouse, dragging to its ends, the room of its columns.
 #include "framework/window/GridView.h"
 #include "Compare.h"
 #include "TestWorld.h"
@@ -7,10 +7,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QHeaderView>
-#include <QLineEdit>
-#include <QMenu>
-#include <QSignalSpy>
-#include <QVBoxLayout>
+#include <QLabel>
 
 using namespace Qt::StringLiterals;
 
@@ -41,44 +38,6 @@ private Q_SLOTS:
 
     void cleanup() { QVERIFY(m_view->CommitEditor()); }
 
-    void CaretWalksDownTheColumnsAndBack()
-    {
-        Go(3, 0);
-        Press(Qt::Key_Return);
-        QCOMPARE(At(), QPoint(1, 0));
-        Press(Qt::Key_Backtab);
-        QCOMPARE(At(), QPoint(0, 3));
-        Press(Qt::Key_Tab);
-        QCOMPARE(At(), QPoint(1, 0));
-        Go(3, 1);
-        Press(Qt::Key_Tab); // at the last cell it stays
-        QCOMPARE(At(), QPoint(1, 3));
-        Go(0, 0);
-        Press(Qt::Key_Return, Qt::ShiftModifier);
-        QCOMPARE(At(), QPoint(0, 0));
-    }
-
-    void TypingEndsWithEveryKeyThatWalks_data()
-    {
-        QTest::addColumn<Qt::Key>("key");
-        QTest::addColumn<QPoint>("to");
-        QTest::addRow("enter") << Qt::Key_Return << QPoint(0, 2);
-        QTest::addRow("tab") << Qt::Key_Tab << QPoint(0, 2);
-        QTest::addRow("down") << Qt::Key_Down << QPoint(0, 2);
-        QTest::addRow("up") << Qt::Key_Up << QPoint(0, 0);
-    }
-
-    void TypingEndsWithEveryKeyThatWalks()
-    {
-        QFETCH(Qt::Key, key);
-        QFETCH(QPoint, to);
-        Go(1, 0);
-        QTest::keyClicks(m_view.get(), u"9"_s);
-        QTest::keyClick(QApplication::focusWidget(), key);
-        QCOMPARE(m_grid->Text(1, 0), u"9,0"_s);
-        QCOMPARE(At(), to);
-    }
-
     void BlocksByKeysAndHeaders()
     {
         Press(Qt::Key_Down, Qt::ShiftModifier);
@@ -94,83 +53,34 @@ private Q_SLOTS:
         QCOMPARE(m_view->Block(), (GridBlock{.row = 0, .col = 1, .rows = 4, .cols = 1}));
     }
 
-    void ClipboardByKeysAndCommands()
-    {
-        m_view->SelectBlock({.row = 0, .col = 0, .rows = 2, .cols = 2});
-        Press(Qt::Key_C, Qt::ControlModifier);
-        QCOMPARE(QApplication::clipboard()->text(), u"0,0\t1,0\n2,0\t3,0"_s);
-        QSignalSpy pasted(m_view.get(), &GridView::Pasted);
-        Go(3, 1);
-        Press(Qt::Key_V, Qt::ControlModifier);
-        QCOMPARE(m_grid->Text(3, 1), u"0,0"_s);
-        QCOMPARE(pasted[0][0].value<PasteCount>(), (PasteCount{.taken = 1, .refused = 0, .outside = 3}));
-        m_view->SelectBlock({.row = 1, .col = 0, .rows = 2, .cols = 1});
-        EditCut(m_view.get());
-        QCOMPARE(QApplication::clipboard()->text(), u"2,0\n4,0"_s);
-        QCOMPARE(Column(0), u"0,0|||6,0"_s);
-        Press(Qt::Key_Z, Qt::ControlModifier);
-        QCOMPARE(Column(0), u"0,0|2,0|4,0|6,0"_s);
-        Press(Qt::Key_Y, Qt::ControlModifier);
-        QCOMPARE(Column(0), u"0,0|||6,0"_s);
-        Go(0, 0);
-        EditPaste(m_view.get());
-        QCOMPARE(Column(0), u"2,0|4,0||6,0"_s);
-        EditClear(m_view.get());
-        QCOMPARE(Column(0), u"|4,0||6,0"_s);
-        QCOMPARE(QApplication::clipboard()->text(), u"2,0\n4,0"_s);
-    }
-
+    /// A label's text, too, is selected and copied; what is no text and no grid has nothing to copy.
     void OtherControls()
     {
-        QLineEdit field(u"abcdef"_s);
-        field.setSelection(1, 2);
-        EditCopy(&field);
-        QCOMPARE(QApplication::clipboard()->text(), u"bc"_s);
-        EditCut(&field);
-        QCOMPARE(field.text(), u"adef"_s);
-        field.setSelection(0, 1);
-        EditPaste(&field);
-        QCOMPARE(field.text(), u"bcdef"_s);
-        field.setSelection(0, 2);
-        EditClear(&field);
-        QCOMPARE(field.text(), u"def"_s);
-        field.setReadOnly(true);
-        EditPaste(&field);
-        QCOMPARE(field.text(), u"def"_s);
+        QLabel label(u"1,25"_s);
+        label.setTextInteractionFlags(Qt::TextSelectableByMouse);
+        label.setSelection(0, 3);
+        EditCut(&label);
+        QCOMPARE(QApplication::clipboard()->text() + u' ' + label.text(), u"1,2 1,25"_s);
         QWidget other;
-        EditCut(&other); // neither text nor cells
+        EditCut(&other);
         EditPaste(nullptr);
-        QCOMPARE(QApplication::clipboard()->text(), u"bc"_s);
+        QCOMPARE(QApplication::clipboard()->text(), u"1,2"_s);
     }
 
-    void Dragging_data()
+    /// The block ends where the grid ends, and the mouse has it by the cell that it was taken by.
+    void DraggedBeyondTheGrid()
     {
-        QTest::addColumn<bool>("onNumbers");
-        QTest::addColumn<int>("answer");
-        QTest::addColumn<QString>("after");
-        const QString kMoved = u"||0,0|2,0"_s;
-        QTest::addRow("onto empty cells: no question") << false << static_cast<int>(Answer::Cancel) << kMoved;
-        QTest::addRow("moved") << true << static_cast<int>(Answer::Yes) << kMoved;
-        QTest::addRow("copied") << true << static_cast<int>(Answer::No) << u"0,0|2,0|0,0|2,0"_s;
-        QTest::addRow("cancelled") << true << static_cast<int>(Answer::Cancel) << u"0,0|2,0|4,0|6,0"_s;
-    }
-
-    void Dragging()
-    {
-        QFETCH(bool, onNumbers);
-        QFETCH(int, answer);
-        QFETCH(QString, after);
-        if (!onNumbers)
-            m_grid->Edits().ClearBlock({.row = 2, .col = 0, .rows = 2, .cols = 1});
-        m_world->messages.WillAnswer(Answer{answer});
+        m_grid->Edits().ClearBlock({.row = 2, .col = 0, .rows = 2, .cols = 1});
         m_view->SelectBlock({.row = 0, .col = 0, .rows = 2, .cols = 1});
-        Drag(BorderOf(0, 0), Middle(3, 0)); // dragged beyond: the block ends where the grid ends
-        QCOMPARE(Column(0), after);
-        QCOMPARE(m_world->messages.TakeOnly(),
-                 onNumbers ? u"Desideri spostare i dati selezionati?\nScegliendo No i dati verranno copiati"_s
-                           : u"0 messages"_s);
-        if (after == u"||0,0|2,0")
-            QCOMPARE(m_view->Block(), (GridBlock{.row = 2, .col = 0, .rows = 2, .cols = 1}));
+        Drag(BorderOf(0, 0), Middle(3, 0));
+        QCOMPARE(Column(0), u"||0,0|2,0"_s);
+        QCOMPARE(m_view->Block(), (GridBlock{.row = 2, .col = 0, .rows = 2, .cols = 1}));
+        Drag(m_view->visualRect(m_grid->index(3, 0)).bottomLeft() + QPoint(10, -1), Middle(1, 0));
+        QCOMPARE(Column(0), u"0,0|2,0||"_s);
+        QTest::mouseMove(m_view->viewport(), BorderOf(0, 0));
+        QCOMPARE(m_view->viewport()->cursor().shape(), Qt::SizeAllCursor);
+        QTest::mouseMove(m_view->viewport(), Middle(3, 1));
+        QCOMPARE(m_view->viewport()->cursor().shape(), Qt::ArrowCursor);
     }
 
     void DraggingIsGivenUpByEscape()
@@ -190,50 +100,6 @@ private Q_SLOTS:
         Drag(Middle(0, 0), Middle(2, 0));
         QCOMPARE(Column(0), u"0,0|2,0|4,0|6,0"_s);
         QCOMPARE(m_view->Block(), (GridBlock{.row = 0, .col = 0, .rows = 3, .cols = 1}));
-    }
-
-    void RightClickShowsTheMenuAndNothingElse()
-    {
-        QMenu menu;
-        menu.addAction(u"Copia"_s);
-        m_view->SetPopup(&menu);
-        m_view->SelectBlock({.row = 0, .col = 0, .rows = 2, .cols = 1});
-        QTest::mouseClick(m_view->viewport(), Qt::RightButton, {}, Middle(3, 1));
-        QContextMenuEvent event(QContextMenuEvent::Mouse, Middle(3, 1),
-                                m_view->viewport()->mapToGlobal(Middle(3, 1)));
-        QApplication::sendEvent(m_view->viewport(), &event);
-        QVERIFY(menu.isVisible());
-        menu.close();
-        QCOMPARE(m_view->Block(), (GridBlock{.row = 0, .col = 0, .rows = 2, .cols = 1}));
-    }
-
-    void LockedCellsAreNotTyped()
-    {
-        m_grid->SetLocked(0, 0, true);
-        QTest::keyClicks(m_view.get(), u"9"_s);
-        QCOMPARE(QApplication::focusWidget(), m_view.get());
-        QCOMPARE(At(), QPoint(0, 0)); // and the key is no search
-        QCOMPARE(m_grid->Text(0, 0), u"0,0"_s);
-    }
-
-    void WayOutOfTheGrid()
-    {
-        QWidget window;
-        auto* layout = new QVBoxLayout(&window);
-        auto* before = new QLineEdit;
-        auto* view = new GridView(*m_grid, u"GridData"_s, u"Risultati"_s);
-        auto* after = new QLineEdit;
-        for (QWidget* widget :
-             {static_cast<QWidget*>(before), static_cast<QWidget*>(view), static_cast<QWidget*>(after)})
-            layout->addWidget(widget);
-        window.show();
-        QVERIFY(QTest::qWaitForWindowActive(&window));
-        view->setFocus();
-        QTest::keyClick(view, Qt::Key_F6);
-        QVERIFY(after->hasFocus());
-        view->setFocus();
-        QTest::keyClick(view, Qt::Key_F6, Qt::ShiftModifier);
-        QVERIFY(before->hasFocus());
     }
 
     void ColumnsFitTheLargestNumber()

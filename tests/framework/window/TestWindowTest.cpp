@@ -6,6 +6,8 @@
 #include "framework/window/ChartView.h"
 #include "framework/window/CornerLabel.h"
 #include "framework/window/TestMenus.h"
+#include "stories/ExpectedText.h"
+#include "stories/WindowPicture.h"
 
 #include <QClipboard>
 #include <QRadioButton>
@@ -60,10 +62,41 @@ private Q_SLOTS:
         m_open = std::make_unique<WindowWorld<MadeUpWindow, MadeUpDocument>>();
     }
 
-    void OpensOnTheTestsOwnPage()
+    /// All that it shows: new, on the page that the test chose, and what changes from then on.
+    void WholeWindow()
     {
-        QCOMPARE(m_open->Tabs()->currentIndex(), 1);
-        QCOMPARE(QApplication::focusWidget(), m_open->Find<QLineEdit>("Dimensioni0"));
+        QStringList told;
+        Picture before;
+        const auto tell = [&](const QString& step) {
+            QCoreApplication::processEvents();
+            const Picture now = PictureOf(m_open->window.get());
+            told += u"> "_s + step;
+            for (const QString& change : Changes(before, now))
+                told += u"  "_s + change;
+            before = now;
+        };
+        tell(u"new"_s);
+        m_open->Go(0, 0, 0);
+        m_open->Keys(u"5"_s, Qt::Key_Return);
+        m_open->Go(0, 1, 0);
+        m_open->Keys(u"2"_s, Qt::Key_Return);
+        tell(u"filled"_s);
+        m_open->Trigger("StrumentiCalcola");
+        tell(u"calculated"_s);
+        m_open->ClickOption("Option3");
+        tell(u"the third option, which hides a grid"_s);
+        const QTemporaryDir folder;
+        const QByteArray bytes = m_open->window->Document().FileBytes();
+        QVERIFY(WriteBytes(folder.filePath(u"a.TAR"_s),
+                           QByteArray(bytes).replace("\r\n\r\n3\r\n1.00", "\r\n\r\n?\r\n1.00")));
+        m_open->world.messages.WillAnswer(Answer::No);
+        m_open->TriggerWithFile("FileApri", folder.filePath(u"a.TAR"_s));
+        tell(u"opened, with a choice that is none"_s);
+        m_open->Trigger("FileNuovo");
+        tell(u"new again"_s);
+        const QString difference = DifferenceFrom(
+            u"windows/made-up.txt"_s, told.join(u'\n').replace(folder.path(), u"FOLDER"_s) + u'\n');
+        QVERIFY2(difference.isEmpty(), qPrintable(difference));
     }
 
     void CaretWalksFromGridToGrid()
@@ -165,47 +198,6 @@ private Q_SLOTS:
         QCOMPARE(reasons("FileStampaGrafico"), Greys(Grey::NoCommand));
         QVERIFY(m_open->Find<QAction>("FileSalva")->isEnabled() &&
                 !m_open->Find<QAction>("PrintGraph")->isEnabled());
-    }
-
-    void OptionsOneOrNone()
-    {
-        const auto checked = [this] {
-            QStringList names;
-            for (const auto* button : m_open->window->findChildren<QRadioButton*>()) {
-                if (button->isChecked())
-                    names += button->objectName();
-            }
-            return names.join(u' ');
-        };
-        QCOMPARE(checked(), u"Option1"_s);
-        QVERIFY(m_open->Find<QRadioButton>("Option2")->isHidden());
-        QVERIFY(m_open->Find<QLabel>("Esito")->isHidden());
-        m_open->ClickOption("Option3");
-        QCOMPARE(checked(), u"Option3"_s);
-        QVERIFY(!m_open->Find<QLabel>("Esito")->isHidden());
-        const QTemporaryDir folder;
-        const QByteArray bytes = m_open->window->Document().FileBytes();
-        QVERIFY(WriteBytes(folder.filePath(u"a.TAR"_s),
-                           QByteArray(bytes).replace("\r\n\r\n3\r\n1.00", "\r\n\r\n?\r\n1.00")));
-        m_open->TriggerWithFile("FileApri", folder.filePath(u"a.TAR"_s));
-        QCOMPARE(checked(), QString());
-    }
-
-    void TablesSizesAndNotices()
-    {
-        const auto* table = m_open->Find<QTableView>("SprLinearita");
-        QCOMPARE(table->findChild<CornerLabel*>()->text(), u"Variazione"_s);
-        QCOMPARE(table->model()->headerData(1, Qt::Vertical).toString(), u"Totali"_s);
-        QCOMPARE(table->model()->headerData(1, Qt::Horizontal).toString(), u"GdL"_s);
-        QCOMPARE(m_open->Find<QLabel>("Label4")->text() + m_open->Find<QLabel>("Label6")->text(),
-                 u"(min. 3)(min. 3)"_s);
-        QVERIFY(m_open->Find<QLabel>("LabelStima")->isHidden());
-        m_open->window->Document().Grid().SetValue(0, 0, 5);
-        m_open->Type(0, u"5"_s, 1);
-        m_open->Trigger("StrumentiCalcola");
-        QVERIFY(!m_open->Find<QLabel>("LabelStima")->isHidden());
-        QCOMPARE(table->model()->index(0, 0).data().toString(), u"11,00"_s);
-        QCOMPARE(m_open->Find<QLabel>("Somma")->toolTip(), u"11,00"_s);
     }
 
     void OneOfTwoChartsTakesThePage()
