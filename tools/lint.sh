@@ -12,6 +12,9 @@ say "layout (clang-format)"
 git ls-files '*.cpp' '*.h' | xargs clang-format --dry-run -Werror ||
     stop "the layout is not that of .clang-format; mend it with: git ls-files '*.cpp' '*.h' | xargs clang-format -i"
 
+say "lists of faults"
+tools/mutate.sh --check || stop "a fault has lost its place in the sources (see above)"
+
 say "rooms"
 tools/rooms.sh || stop "an include leads up or sideways in the house (see above)"
 
