@@ -157,7 +157,9 @@ QString Story::Tell()
         m_dialog = nullptr;
         m_doing = true;
         QTimer::singleShot(0, qApp, [this] { DoInDialogs(); });
+        m_waits = line.startsWith(u"> rightclick"); // other menus let a step go on
         Do(parsed(line));
+        m_waits = false;
         Settle(m_program == nullptr ? nullptr : &m_program->Window());
         m_doing = false;
         if (line.endsWith(u')')) { // told elsewhere
@@ -172,18 +174,24 @@ QString Story::Tell()
     return m_told.join(u'\n') + u'\n';
 }
 
+/// What a step waits for: a dialog, or a menu that does not let it go on.
+QWidget* Story::Waiting() const
+{
+    QWidget* dialog = QApplication::activeModalWidget();
+    return dialog == nullptr && m_waits ? QApplication::activePopupWidget() : dialog;
+}
+
 /// A dialog's own event loop calls this: its picture, the next step in it, and what that changed.
 void Story::DoInDialogs()
 {
-    QWidget* dialog = QApplication::activeModalWidget();
-    if (dialog == nullptr) {
-        if (m_doing) // it may have yet to come
+    QWidget* dialog = Waiting();
+    // A dialog may have yet to come, or to become the active window: that would be the window manager's part,
+    // again.
+    if (dialog == nullptr || (dialog->isModal() && !dialog->isActiveWindow())) {
+        if (dialog != nullptr)
+            dialog->activateWindow();
+        if (dialog != nullptr || m_doing)
             QTimer::singleShot(1, qApp, [this] { DoInDialogs(); });
-        return;
-    }
-    if (!dialog->isActiveWindow()) { // the window manager's part, again
-        dialog->activateWindow();
-        QTimer::singleShot(1, qApp, [this] { DoInDialogs(); });
         return;
     }
     if (dialog != std::exchange(m_dialog, dialog)) {
@@ -193,7 +201,7 @@ void Story::DoInDialogs()
     QTimer::singleShot(0, qApp, [this] { DoInDialogs(); });
     if (m_inside.isEmpty()) {
         m_told += u"  STAYS OPEN"_s;
-        qobject_cast<QDialog*>(dialog)->reject();
+        dialog->close();
         return;
     }
     const Step step = m_inside.takeFirst();
@@ -201,7 +209,7 @@ void Story::DoInDialogs()
     const QPointer<QWidget> open(dialog);
     m_told += step.line;
     Do(step);
-    if (open != nullptr && open->isVisible() && QApplication::activeModalWidget() == open) {
+    if (open != nullptr && open->isVisible() && Waiting() == open) {
         for (const QString& change : Changes(before, PictureOf(dialog)))
             m_told += Cleaned(u"  "_s + change);
     }
@@ -236,8 +244,12 @@ Picture Story::World() const
     } else {
         tell(u"ended"_s, {});
     }
+    const QImage picture = QGuiApplication::clipboard()->image();
     QString copied = QGuiApplication::clipboard()->text();
-    tell(u"clipboard"_s, u'"' + copied.replace(u'\n', u"\\n"_s).replace(u'\t', u"\\t"_s) + u'"');
+    copied.replace(u'\n', u"\\n"_s).replace(u'\t', u"\\t"_s);
+    tell(u"clipboard"_s, picture.isNull()
+                             ? u'"' + copied + u'"'
+                             : u"a picture, %1 x %2"_s.arg(picture.width()).arg(picture.height()));
     tell(u"beeps"_s, QString::number(g_beeps));
     QDirIterator files(m_home->path(), QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
     QMap<QString, QString> found;
@@ -250,7 +262,8 @@ Picture Story::World() const
         QFile content(file.value());
         const bool opened = content.open(QIODevice::ReadOnly);
         const QByteArray bytes = content.readAll();
-        const bool plain = opened && !bytes.contains('\0') && !bytes.startsWith("%PDF");
+        const bool plain =
+            opened && !bytes.contains('\0') && !bytes.startsWith("%PDF") && !bytes.startsWith("<?xml");
         QString text = plain ? QString::fromLatin1(bytes).replace(u'\r', u'$') : u"binary"_s;
         if (text.endsWith(u'\n'))
             text.chop(1);
@@ -372,6 +385,8 @@ void Story::MenuStep(const QStringList& path)
 void Story::Press(const QString& keys)
 {
     const QKeyCombination key = QKeySequence(keys)[0];
+    if (key.key() == Qt::Key_unknown)
+        throw NotDone{u"no such key"_s};
     QWidget* target = QApplication::activePopupWidget();
     if (target == nullptr)
         target = QApplication::focusWidget();

@@ -37,6 +37,7 @@ private:
     void Start();
     void Do(const Step& step);
     void Run(const Step& step);
+    QWidget* Waiting() const;
     void DoInDialogs();
     /// Everything that a user could see, hear or find on the disk.
     Picture World() const;
@@ -57,8 +58,9 @@ private:
 
     QString m_text;
     QStringList m_told;
-    QList<Step> m_inside; ///< the steps still to be done in dialogs
-    bool m_doing = false;
+    QList<Step> m_inside;              ///< the steps still to be done in dialogs
+    bool m_doing = false;              ///< a step is under way
+    bool m_waits = false;              ///< and has not come back yet
     const QWidget* m_dialog = nullptr; ///< the one that was last told of
     Picture m_before;
     std::unique_ptr<QTemporaryDir> m_home;

@@ -95,7 +95,7 @@ private Q_SLOTS:
         m_open->Trigger("FileNuovo");
         tell(u"new again"_s);
         const QString difference = DifferenceFrom(
-            u"windows/made-up.txt"_s, told.join(u'\n').replace(folder.path(), u"FOLDER"_s) + u'\n');
+            u"pictures/made-up.txt"_s, told.join(u'\n').replace(folder.path(), u"FOLDER"_s) + u'\n');
         QVERIFY2(difference.isEmpty(), qPrintable(difference));
     }
 
