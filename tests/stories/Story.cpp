@@ -14,13 +14,16 @@
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QMouseEvent>
+#include <QPainter>
 #include <QPushButton>
+#include <QSettings>
 #include <QTabBar>
 #include <QTest>
-#include <QTimer>
 #include <QToolBar>
 #include <QWheelEvent>
 
+#include <algorithm>
+#include <iterator>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -40,6 +43,12 @@ namespace
 {
 
 constexpr QSize kFrame(1180, 860);
+
+/// Of events, after which nothing more is to be expected.
+constexpr int kRounds = 100;
+
+/// Marks a dialog that was told of.
+constexpr const char* kTold = "told";
 
 /// Why a step can't be done.
 struct NotDone {
@@ -108,7 +117,10 @@ Story::Story(const QString& text) : m_text(text), m_home(std::make_unique<QTempo
     qputenv("HOME", QFile::encodeName(m_home->path()));
     for (const char* name : {"XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_DOCUMENTS_DIR"})
         qunsetenv(name);
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_home->filePath(u".config"_s));
     QGuiApplication::clipboard()->clear();
+    m_look.setSingleShot(true);
+    m_look.callOnTimeout([this] { DoInDialogs(); });
     g_beeps = 0;
 }
 
@@ -122,7 +134,8 @@ void Story::Start()
         m_program.reset();
         return;
     }
-    m_program->Window().resize(kFrame);
+    if (!std::exchange(m_started, true)) // later starts have to remember it
+        m_program->Window().resize(kFrame);
     if (!QTest::qWaitForWindowActive(&m_program->Window()))
         QTest::qFail("the frame is not shown", __FILE__, __LINE__);
 }
@@ -141,11 +154,12 @@ QString Story::Tell()
         }
         if (!line.startsWith(u'>') || line.startsWith(u">>"))
             continue;
-        const auto parsed = [](const QString& from) {
+        const auto parsed = [this](const QString& from) {
             QString step = from.section(u' ', 1);
             if (step.startsWith(u'(') && step.endsWith(u')'))
                 step = step.sliced(1).chopped(1);
             QStringList words = Words(step);
+            words.replaceInStrings(u"HOME/"_s, m_home->path() + u'/');
             const QString verb = words.takeFirst();
             return Step{verb, words, from};
         };
@@ -154,14 +168,12 @@ QString Story::Tell()
                 m_inside += parsed(lines[next]);
         }
         m_told += line;
-        m_dialog = nullptr;
-        m_doing = true;
-        QTimer::singleShot(0, qApp, [this] { DoInDialogs(); });
+        m_look.start(0);
         m_waits = line.startsWith(u"> rightclick"); // other menus let a step go on
         Do(parsed(line));
         m_waits = false;
         Settle(m_program == nullptr ? nullptr : &m_program->Window());
-        m_doing = false;
+        m_look.stop();
         if (line.endsWith(u')')) { // told elsewhere
             m_before = World();
             continue;
@@ -181,38 +193,55 @@ QWidget* Story::Waiting() const
     return dialog == nullptr && m_waits ? QApplication::activePopupWidget() : dialog;
 }
 
+/// What a dialog shows. Of one of the program's own that was told of before, what has changed since.
+void Story::TellDialog(QWidget* dialog)
+{
+    for (int i = 0; i < kRounds && dialog->isModal() && !dialog->isAncestorOf(QApplication::focusWidget());
+         ++i) {
+        dialog->activateWindow(); // the window manager's part, again
+        QCoreApplication::processEvents();
+    }
+    const bool own =
+        qobject_cast<QDialog*>(dialog) != nullptr && qobject_cast<QFileDialog*>(dialog) == nullptr;
+    const bool named = own && !dialog->objectName().isEmpty();
+    Picture& before = m_dialogs[named ? dialog->objectName() : QString::number(quintptr(dialog))];
+    Picture now = PictureOf(dialog);
+    if (const QWidget* focus = QApplication::focusWidget(); named && focus != nullptr)
+        now.append({u"focus"_s, u"focus "_s + focus->objectName(), 1});
+    if (!dialog->property(kTold).toBool()) {
+        if (!named)
+            before.clear();
+        else if (!before.isEmpty())
+            m_told += u"  "_s + now.constFirst().text;
+        dialog->setProperty(kTold, true);
+    }
+    for (const QString& line : Changes(std::exchange(before, now), now))
+        m_told += Cleaned(u"  "_s + line);
+}
+
 /// A dialog's own event loop calls this: its picture, the next step in it, and what that changed.
 void Story::DoInDialogs()
 {
     QWidget* dialog = Waiting();
-    // A dialog may have yet to come, or to become the active window: that would be the window manager's part,
-    // again.
-    if (dialog == nullptr || (dialog->isModal() && !dialog->isActiveWindow())) {
-        if (dialog != nullptr)
-            dialog->activateWindow();
-        if (dialog != nullptr || m_doing)
-            QTimer::singleShot(1, qApp, [this] { DoInDialogs(); });
+    if (dialog == nullptr) { // it may have yet to come
+        m_look.start(1);
         return;
     }
-    if (dialog != std::exchange(m_dialog, dialog)) {
-        for (const QString& line : Changes({}, PictureOf(dialog)))
-            m_told += Cleaned(u"  "_s + line);
-    }
-    QTimer::singleShot(0, qApp, [this] { DoInDialogs(); });
+    TellDialog(dialog);
+    m_look.start(0);
     if (m_inside.isEmpty()) {
         m_told += u"  STAYS OPEN"_s;
         dialog->close();
         return;
     }
     const Step step = m_inside.takeFirst();
-    const Picture before = PictureOf(dialog);
     const QPointer<QWidget> open(dialog);
     m_told += step.line;
     Do(step);
-    if (open != nullptr && open->isVisible() && Waiting() == open) {
-        for (const QString& change : Changes(before, PictureOf(dialog)))
-            m_told += Cleaned(u"  "_s + change);
-    }
+    m_look.stop();
+    if (open != nullptr && open->isVisible() && Waiting() == open)
+        TellDialog(open);
+    m_look.start(0);
 }
 
 Picture Story::World() const
@@ -235,6 +264,8 @@ Picture Story::World() const
         const QMdiSubWindow* active = m_program->Window().findChild<QMdiArea*>()->currentSubWindow();
         const bool waits = active != nullptr && active->widget()->cursor().shape() == Qt::WaitCursor;
         tell(u"pointer"_s, waits ? u"hourglass"_s : u"arrow"_s);
+        if (m_program->Window().size() != kFrame)
+            tell(u"size"_s, u"%1 x %2"_s.arg(m_program->Window().width()).arg(m_program->Window().height()));
         world += PictureOf(&m_program->Window());
         if (const auto* popup = QApplication::activePopupWidget()) {
             tell(u"popup"_s, {});
@@ -275,7 +306,14 @@ Picture Story::World() const
 
 void Story::TellChanges(int depth)
 {
-    const Picture now = World();
+    Picture now = World();
+    // Where the program has ended, a later start is compared with what was there before.
+    if (m_program == nullptr || !m_program->Window().isVisible()) {
+        std::ranges::copy_if(m_before, std::back_inserter(now), [](const PictureLine& line) {
+            static const QStringList kOfProgram{u"/focus"_s, u"/pointer"_s, u"/size"_s};
+            return kOfProgram.contains(line.key) || line.key.contains(u"frame MDIMain");
+        });
+    }
     for (const QString& change : Changes(m_before, now))
         m_told += Cleaned(QString(2 * depth, u' ') + change);
     m_before = now;
@@ -292,6 +330,8 @@ QWidget* Story::Window() const
 {
     if (QWidget* dialog = QApplication::activeModalWidget())
         return dialog;
+    if (m_program == nullptr)
+        throw NotDone{u"the program has ended"_s};
     return &m_program->Window();
 }
 
@@ -447,13 +487,24 @@ void Story::FilesStep(const Step& step)
     const QString target = m_home->filePath(step.words.constLast());
     if (step.verb == u"copy") {
         QFile::remove(target);
-        QFile::copy(QStringLiteral(QUOREL_TEST_DATA "/") + step.words[0], target);
+        if (!QFile::copy(QStringLiteral(QUOREL_TEST_DATA "/") + step.words[0], target))
+            throw NotDone{u"it can't be copied"_s};
     } else if (step.verb == u"write") {
         QFile file(m_home->filePath(step.words[0]));
         if (!file.open(QIODevice::WriteOnly) || file.write(step.words[1].toLatin1()) < 0)
             throw NotDone{u"it can't be written"_s};
     } else if (step.verb == u"folder") {
         QDir(m_home->path()).mkpath(step.words[0]);
+    } else if (step.verb == u"picture") {
+        QImage image(step.words[1].toInt(), step.words[2].toInt(), QImage::Format_RGB32);
+        const QSize half = image.size() / 2;
+        image.fill(Qt::yellow);
+        QPainter painter(&image);
+        painter.fillRect(0, 0, half.width(), half.height(), Qt::red);
+        painter.fillRect(half.width(), 0, half.width(), half.height(), Qt::green);
+        painter.fillRect(0, half.height(), half.width(), half.height(), Qt::blue);
+        if (!image.save(m_home->filePath(step.words[0])))
+            throw NotDone{u"it can't be written"_s};
     } else if (step.verb == u"remove") {
         QFile::remove(target);
         QDir(target).removeRecursively();
@@ -467,7 +518,7 @@ void Story::FileDialogStep(const QString& name)
     if (dialog == nullptr)
         throw NotDone{u"no file dialog"_s};
     auto* field = dialog->findChild<QLineEdit*>(u"fileNameEdit"_s);
-    field->setText(QString(name).replace(u"HOME"_s, m_home->path()));
+    field->setText(name);
     QTest::keyClick(field, Qt::Key_Return);
 }
 
@@ -521,9 +572,16 @@ void Story::Run(const Step& step)
         FileDialogStep(word(0));
     } else if (verb == u"close") {
         Window()->close();
+    } else if (verb == u"minimize" || verb == u"shift") {
+        QMdiSubWindow* child = m_program->Window().findChild<QMdiArea*>()->currentSubWindow();
+        if (verb == u"minimize")
+            child->showMinimized();
+        else
+            child->move(child->pos() + QPoint(word(0).toInt(), word(1).toInt()));
     } else if (verb == u"resize") {
         Window()->resize(word(0).toInt(), word(1).toInt());
-    } else if (verb == u"copy" || verb == u"write" || verb == u"folder" || verb == u"remove") {
+    } else if (verb == u"copy" || verb == u"write" || verb == u"picture" || verb == u"folder" ||
+               verb == u"remove") {
         FilesStep(step);
     } else {
         throw NotDone{u"no such step"_s};

@@ -4,9 +4,11 @@
 #include "shell/Program.h"
 #include "stories/WindowPicture.h"
 
+#include <QHash>
 #include <QString>
 #include <QStringList>
 #include <QTemporaryDir>
+#include <QTimer>
 
 #include <memory>
 
@@ -39,6 +41,7 @@ private:
     void Run(const Step& step);
     QWidget* Waiting() const;
     void DoInDialogs();
+    void TellDialog(QWidget* dialog);
     /// Everything that a user could see, hear or find on the disk.
     Picture World() const;
     void TellChanges(int depth);
@@ -59,9 +62,10 @@ private:
     QString m_text;
     QStringList m_told;
     QList<Step> m_inside;              ///< the steps still to be done in dialogs
-    bool m_doing = false;              ///< a step is under way
-    bool m_waits = false;              ///< and has not come back yet
-    const QWidget* m_dialog = nullptr; ///< the one that was last told of
+    QTimer m_look;                     ///< for a dialog
+    QHash<QString, Picture> m_dialogs; ///< as they were last
+    bool m_waits = false;              ///< a step has not come back yet
+    bool m_started = false;
     Picture m_before;
     std::unique_ptr<QTemporaryDir> m_home;
     std::unique_ptr<Program> m_program;

@@ -9,6 +9,7 @@
 #include "shell/LogoView.h"
 
 #include <QAbstractButton>
+#include <QBitmap>
 #include <QCheckBox>
 #include <QDialog>
 #include <QDialogButtonBox>
@@ -86,6 +87,39 @@ QString Over(const QWidget* widget)
             return u" OVER "_s + other->objectName();
     }
     return {};
+}
+
+/// Where a window stands in the area, in hundredths of its width and height; nothing where it is alone.
+QString Place(const QMdiSubWindow* window)
+{
+    if (window->mdiArea()->subWindowList().size() < 2)
+        return {};
+    const QSize area = window->mdiArea()->viewport()->size();
+    const auto part = [](int length, int whole) { return QString::number(qRound(100.0 * length / whole)); };
+    const QPoint end = window->pos() + QPoint(window->width(), window->height());
+    return u" from %1,%2 to %3,%4"_s.arg(part(window->x(), area.width()), part(window->y(), area.height()),
+                                         part(end.x(), area.width()), part(end.y(), area.height()));
+}
+
+/// Where the colours of a story's picture are seen.
+QString Colours(const LogoView* logo)
+{
+    const QImage seen = const_cast<LogoView*>(logo)->grab().toImage(); // Qt's grab is no const one
+    QString places;
+    for (const auto& [name, colour] : {std::pair(u"red"_s, Qt::red),
+                                       {u"green"_s, Qt::green},
+                                       {u"blue"_s, Qt::blue},
+                                       {u"yellow"_s, Qt::yellow}}) {
+        const QImage mask = seen.createMaskFromColor(QColor(colour).rgb(), Qt::MaskOutColor);
+        const QRect place = QRegion(QBitmap::fromImage(mask)).boundingRect();
+        if (!place.isEmpty())
+            places += u", %1 %2,%3 %4 x %5"_s.arg(name)
+                          .arg(place.x())
+                          .arg(place.y())
+                          .arg(place.width())
+                          .arg(place.height());
+    }
+    return places;
 }
 
 /// The widgets that Tab reaches, in its order, whether they are shown and enabled at the moment or not.
@@ -382,7 +416,8 @@ bool PictureMaker::Simple(const QWidget* widget)
         Control(u"chart"_s, chart, Quoted(chart->accessibleDescription()));
     } else if (const auto* logo = qobject_cast<const LogoView*>(widget)) {
         Control(u"logo"_s, logo,
-                u"%1 x %2 twips"_s.arg(logo->ShownSize().width()).arg(logo->ShownSize().height()));
+                u"%1 x %2 twips"_s.arg(logo->ShownSize().width()).arg(logo->ShownSize().height()) +
+                    Colours(logo));
     } else {
         return false;
     }
@@ -442,6 +477,8 @@ void PictureMaker::Show(const QWidget* widget)
             line += u" active"_s;
         if (widget->isMinimized())
             line += u" minimized"_s;
+        if (child != nullptr)
+            line += Place(child);
         Line(child != nullptr                                  ? u"child"_s
              : qobject_cast<const QDialog*>(widget) != nullptr ? u"dialog"_s
                                                                : u"frame"_s,
