@@ -143,9 +143,10 @@ inline double NumberOf(const TestDocument& document, std::size_t place)
     return std::get<double>(document.Values()[place].value);
 }
 
+/// The path of a test document.
 inline QString DataFile(const QString& name)
 {
-    return QStringLiteral(QUOREL_TEST_DATA "/") + name;
+    return QStringLiteral(QUOREL_TEST_DATA "/documents/") + name;
 }
 
 inline QByteArray BytesOf(const QString& fileName)

@@ -148,14 +148,15 @@ private Q_SLOTS:
     void PasteOfASpreadsheet_data()
     {
         QTest::addColumn<QString>("file");
-        QTest::addRow("English") << u"clipboard/calc-english.txt"_s;
-        QTest::addRow("Italian") << u"clipboard/calc-italian.txt"_s;
+        QTest::addRow("English") << u"calc-english.txt"_s;
+        QTest::addRow("Italian") << u"calc-italian.txt"_s;
     }
 
     void PasteOfASpreadsheet()
     {
         QFETCH(QString, file);
-        const QString text = QString::fromUtf8(BytesOf(DataFile(file)));
+        const QString text =
+            QString::fromUtf8(BytesOf(QStringLiteral(QUOREL_TEST_DATA "/clipboard/") + file));
         for (const QString& decSep : {u","_s, u"."_s}) {
             DataGrid grid(decSep);
             grid.SetSize(6, 2);
