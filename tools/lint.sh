@@ -18,6 +18,10 @@ tools/mutate.sh --check || stop "a fault has lost its place in the sources (see 
 say "rooms"
 tools/rooms.sh || stop "an include leads up or sideways in the house (see above)"
 
+say "expectations of the documents"
+tests/data/documents/recalculate.py --check ||
+    stop "an expectation was edited, or a document changed without it; run tests/data/documents/recalculate.py and read what changes"
+
 say "warnings, and headers that compile alone"
 build dev
 build dev all_verify_interface_header_sets
