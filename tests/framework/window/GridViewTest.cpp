@@ -2,6 +2,7 @@
 #include "framework/window/GridView.h"
 #include "Compare.h"
 #include "TestWorld.h"
+#include "framework/window/CornerLabel.h"
 #include "framework/window/EditCommands.h"
 
 #include <QApplication>
@@ -77,7 +78,11 @@ private Q_SLOTS:
         QCOMPARE(m_view->Block(), (GridBlock{.row = 2, .col = 0, .rows = 2, .cols = 1}));
         Drag(m_view->visualRect(m_grid->index(3, 0)).bottomLeft() + QPoint(10, -1), Middle(1, 0));
         QCOMPARE(Column(0), u"0,0|2,0||"_s);
-        QTest::mouseMove(m_view->viewport(), BorderOf(0, 0));
+        m_grid->SetSize(4, 3);
+        m_view->SelectBlock({.row = 0, .col = 0, .rows = 1, .cols = 2});
+        Drag(BorderOf(0, 1), Middle(2, 1));
+        QCOMPARE(m_view->Block(), (GridBlock{.row = 2, .col = 0, .rows = 1, .cols = 2}));
+        QTest::mouseMove(m_view->viewport(), BorderOf(2, 0));
         QCOMPARE(m_view->viewport()->cursor().shape(), Qt::SizeAllCursor);
         QTest::mouseMove(m_view->viewport(), Middle(3, 1));
         QCOMPARE(m_view->viewport()->cursor().shape(), Qt::ArrowCursor);
@@ -100,6 +105,29 @@ private Q_SLOTS:
         Drag(Middle(0, 0), Middle(2, 0));
         QCOMPARE(Column(0), u"0,0|2,0|4,0|6,0"_s);
         QCOMPARE(m_view->Block(), (GridBlock{.row = 0, .col = 0, .rows = 3, .cols = 1}));
+    }
+
+    void LockedCellsLookLikeWhatIsAround()
+    {
+        m_grid->SetLocked(2, 1, true);
+        const QImage image = m_view->viewport()->grab().toImage();
+        const auto color = [&](int row, int col) {
+            return image.pixelColor(m_view->visualRect(m_grid->index(row, col)).topLeft() + QPoint(3, 3));
+        };
+        QCOMPARE(color(2, 1), m_view->palette().color(QPalette::Window));
+        QCOMPARE(color(2, 0), m_view->palette().color(QPalette::Base));
+    }
+
+    /// The text in the corner leaves its click alone.
+    void CornerSelectsAll()
+    {
+        CornerLabel corner(u"Determinazioni"_s, m_view.get());
+        QCoreApplication::processEvents();
+        QVERIFY(m_view->verticalHeader()->width() > corner.sizeHint().width());
+        QCOMPARE(corner.size(),
+                 QSize(m_view->verticalHeader()->width(), m_view->horizontalHeader()->height()));
+        QTest::mouseClick(m_view->childAt(corner.geometry().center()), Qt::LeftButton);
+        QCOMPARE(m_view->Block(), (GridBlock{.row = 0, .col = 0, .rows = 4, .cols = 2}));
     }
 
     void ColumnsFitTheLargestNumber()
