@@ -79,6 +79,7 @@ private Q_SLOTS:
         Drag(m_view->visualRect(m_grid->index(3, 0)).bottomLeft() + QPoint(10, -1), Middle(1, 0));
         QCOMPARE(Column(0), u"0,0|2,0||"_s);
         m_grid->SetSize(4, 3);
+        m_grid->Edits().ClearBlock({.row = 2, .col = 0, .rows = 1, .cols = 2});
         m_view->SelectBlock({.row = 0, .col = 0, .rows = 1, .cols = 2});
         Drag(BorderOf(0, 1), Middle(2, 1));
         QCOMPARE(m_view->Block(), (GridBlock{.row = 2, .col = 0, .rows = 1, .cols = 2}));
