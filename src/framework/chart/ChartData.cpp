@@ -85,8 +85,9 @@ QString NearestPoint(const ChartData& chart, const QPointF& at, QStringView decS
 
 QString AxisText(const QString& title, const ChartScale& scale, QStringView decSep)
 {
-    return u"%1: da %2 a %3"_s.arg(title, Short(scale.minimum, scale, decSep),
-                                   Short(scale.maximum, scale, decSep));
+    const QString ends =
+        u"da %1 a %2"_s.arg(Short(scale.minimum, scale, decSep), Short(scale.maximum, scale, decSep));
+    return title.isEmpty() ? ends : title + u": "_s + ends;
 }
 
 } // namespace
@@ -112,7 +113,9 @@ QString ChartDescription(const ChartData& chart, QStringView decSep)
 {
     if (chart.IsEmpty())
         return u"Nessun grafico"_s;
-    QStringList parts{chart.title};
+    QStringList parts;
+    if (!chart.title.isEmpty())
+        parts += chart.title;
     if (chart.type == ChartType::HighLow) {
         for (std::size_t row = 0; row < chart.rows.size(); ++row)
             parts += BarText(chart, row, decSep);

@@ -31,7 +31,8 @@ public:
     virtual QByteArray Export(ChartFormat format, const QSize& size) = 0;
 
     // The part of the chart that is seen. Places are those of the last painting.
-    /// A factor below 1 shows less, larger, around a place.
+    /// A factor below 1 shows less, larger, around a place; nothing where that would be too little to tell
+    /// numbers apart, or too much to see the chart.
     virtual void Zoom(const QPointF& at, double factor) = 0;
     virtual void Drag(const QPointF& by) = 0;
     virtual void ShowAll() = 0;

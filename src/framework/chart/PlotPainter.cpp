@@ -29,6 +29,18 @@ constexpr int kPointsInInch = 96;
 constexpr double kPdfPoints = 72.0 / kPointsInInch;
 constexpr double kPngScale = 3;
 
+/// What zooming leaves in view: a part of the whole, or so many times the whole.
+constexpr double kLeastSeen = 1e-4;
+constexpr double kMostSeen = 10;
+
+/// Numbers along y: so many, or as many as a small chart has room for.
+constexpr int kMostNumbers = 5;
+constexpr int kHeightOfNumber = 60;
+/// Around the axes, where no number needs more.
+constexpr int kAxesMargin = 15;
+/// The library leaves 2 points beside a text.
+constexpr int kTextMargin = kChartMargin + 2;
+
 constexpr int kNamesInRow = 4;
 constexpr int kIconWidth = 36;
 constexpr int kBetweenNames = 24;
@@ -59,7 +71,6 @@ PlotPainter::PlotPainter()
     m_plot->legend->setIconSize(kIconWidth, QFontMetrics(m_plot->legend->font()).height());
     m_plot->legend->setColumnSpacing(kBetweenNames);
     m_plot->legend->setFillOrder(QCPLayoutGrid::foColumnsFirst);
-    m_plot->legend->setWrap(kNamesInRow);
     m_title->setFont(ChartFont(kTitlePoints, true));
     m_footnote->setFont(ChartFont(kFootnotePoints));
     m_footnote->setTextFlags(Qt::AlignLeft | Qt::AlignTop);
@@ -85,8 +96,6 @@ void PlotPainter::SetChart(const ChartData& chart, const QString& decSep)
     m_chart = chart;
     m_plot->setLocale(LocaleOf(decSep));
     m_plot->clearPlottables();
-    m_title->setText(chart.title);
-    m_title->setVisible(!chart.title.isEmpty());
     ShowAxis(m_plot->xAxis, chart.x);
     ShowAxis(m_plot->yAxis, chart.y);
     // Without the y axis, the x axis stands alone: a frame without sides would look cut.
@@ -94,6 +103,7 @@ void PlotPainter::SetChart(const ChartData& chart, const QString& decSep)
         m_plot->axisRect()->axis(side)->setVisible(chart.y.visible);
     const bool extent = HasExtent(chart);
     m_plot->axisRect()->setVisible(extent);
+    m_plot->axisRect()->setMinimumMargins(QMargins(kAxesMargin, kAxesMargin, kAxesMargin, kAxesMargin));
     PlaceLegend(chart.legend && extent);
     if (!extent)
         return;
@@ -129,6 +139,7 @@ void PlotPainter::ShowAll()
 {
     if (!HasExtent(m_chart))
         return;
+    m_seen = 1;
     const ChartSpans spans = SpansOf(m_chart);
     if (m_chart.type == ChartType::HighLow)
         ShowPlaces(m_plot->xAxis, m_chart.rowLabels, m_chart.rows.size());
@@ -137,32 +148,42 @@ void PlotPainter::ShowAll()
     SetScale(m_plot->yAxis, m_chart.y.scale.value_or(spans.y), m_chart.y.majorDivisions);
 }
 
-/// The names stand together, in the middle below the axes.
+/// The names stand together, in the middle below the axes, as many in a row as there is room for.
 void PlotPainter::FitLegend(int width)
 {
     QCPLegend* legend = m_plot->legend;
     if (!legend->visible())
         return;
     legend->setMargins(QMargins());
-    const int beside = (width - 2 * kChartMargin - legend->minimumOuterSizeHint().width()) / 2;
+    int beside = -1;
+    for (int inRow = kNamesInRow; inRow > 0 && beside < 0; --inRow) {
+        legend->setWrap(inRow);
+        legend->setFillOrder(QCPLayoutGrid::foColumnsFirst);
+        beside = (width - 2 * kChartMargin - legend->minimumOuterSizeHint().width()) / 2;
+    }
     legend->setMargins(QMargins(std::max(0, beside), kChartMargin / 2, std::max(0, beside), 0));
 }
 
 /// Lines that are too long for the chart end in an ellipsis.
-void PlotPainter::FitFootnote(int width)
+void PlotPainter::FitTexts(int width)
 {
-    const QFontMetrics metrics(m_footnote->font());
-    QStringList lines = m_chart.footnote.split(u"\r\n"_s);
-    for (QString& line : lines)
-        line = metrics.elidedText(line, Qt::ElideRight, width - 2 * kChartMargin);
-    m_footnote->setText(lines.join(u'\n'));
-    m_footnote->setVisible(!m_chart.footnote.isEmpty());
+    const auto fit = [width](QCPTextElement* element, const QString& text) {
+        const QFontMetrics metrics(element->font());
+        QStringList lines = text.split(u"\r\n"_s);
+        for (QString& line : lines)
+            line = metrics.elidedText(line, Qt::ElideRight, width - 2 * kTextMargin);
+        element->setText(lines.join(u'\n'));
+        element->setVisible(!text.isEmpty());
+    };
+    fit(m_title, m_chart.title);
+    fit(m_footnote, m_chart.footnote);
 }
 
 void PlotPainter::PaintOn(QPaintDevice& device, const QSize& size, bool vectors)
 {
     FitLegend(size.width());
-    FitFootnote(size.width());
+    FitTexts(size.width());
+    m_plot->yAxis->ticker()->setTickCount(std::clamp(size.height() / kHeightOfNumber, 1, kMostNumbers));
     QCPPainter painter(&device);
     painter.setMode(QCPPainter::pmVectorized, vectors);
     m_plot->toPainter(&painter, size.width(), size.height());
@@ -232,9 +253,12 @@ QByteArray PlotPainter::Export(ChartFormat format, const QSize& size)
 void PlotPainter::Zoom(const QPointF& at, double factor)
 {
     const auto values = ValuesAt(at);
-    if (!values)
+    const double seen = m_seen * factor;
+    if (!values || seen < kLeastSeen || seen > kMostSeen)
         return;
+    m_seen = seen;
     m_plot->yAxis->scaleRange(factor, values->y());
+    ShowRoundTicks(m_plot->yAxis);
     if (m_chart.type == ChartType::HighLow) // the groups stay in view
         return;
     m_plot->xAxis->scaleRange(factor, values->x());
@@ -243,12 +267,14 @@ void PlotPainter::Zoom(const QPointF& at, double factor)
 
 void PlotPainter::Drag(const QPointF& by)
 {
-    const auto move = [](QCPAxis* axis, double from, double to) {
-        axis->moveRange(axis->pixelToCoord(from) - axis->pixelToCoord(to));
+    const auto move = [](QCPAxis* axis, double to) {
+        axis->moveRange(axis->pixelToCoord(0) - axis->pixelToCoord(to));
+        if (to != 0)
+            ShowRoundTicks(axis);
     };
-    move(m_plot->yAxis, 0, by.y());
+    move(m_plot->yAxis, by.y());
     if (m_chart.type != ChartType::HighLow)
-        move(m_plot->xAxis, 0, by.x());
+        move(m_plot->xAxis, by.x());
 }
 
 std::optional<QPointF> PlotPainter::ValuesAt(const QPointF& at) const

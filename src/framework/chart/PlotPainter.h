@@ -31,13 +31,14 @@ private:
     /// Below the axes, or nowhere.
     void PlaceLegend(bool shown);
     void FitLegend(int width);
-    void FitFootnote(int width);
+    void FitTexts(int width);
     void PaintOn(QPaintDevice& device, const QSize& size, bool vectors);
     QByteArray ExportPdf(const QSize& size);
     QByteArray ExportSvg(const QSize& size);
     QByteArray ExportPng(const QSize& size);
 
     ChartData m_chart;
+    double m_seen = 1; ///< how much of the whole
     std::unique_ptr<QCustomPlot> m_plot;
     QCPTextElement* m_title;
     QCPTextElement* m_footnote;

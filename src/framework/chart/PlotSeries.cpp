@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <optional>
 
 namespace
@@ -16,6 +17,7 @@ constexpr double kMarkSize = 8;
 constexpr int kMarkOpacity = 80; ///< of 255: marks that lie on each other are all seen
 
 constexpr double kBarWidth = 0.4;
+constexpr double kBarPen = 1.5;
 /// Above and below what a chart shows, where its scale is free: a tenth of it.
 constexpr double kRoom = 0.1;
 
@@ -142,17 +144,43 @@ std::size_t AddPair(QCustomPlot& plot, const ChartData& chart, std::size_t i, st
     return groups;
 }
 
+/// A bar that ends just outside of the axes: pictures of vectors know no clipping.
+class SeenBar : public QCPBars
+{
+public:
+    SeenBar(const QCustomPlot& plot, double place, double lowest, double highest)
+        : QCPBars(plot.xAxis, plot.yAxis), m_place(place), m_lowest(lowest), m_highest(highest)
+    {
+    }
+
+protected:
+    void draw(QCPPainter* painter) override
+    {
+        const QCPRange seen = valueAxis()->range();
+        if (m_highest < seen.lower || m_lowest > seen.upper)
+            return;
+        const double beyond = std::fabs(valueAxis()->pixelToCoord(kBarPen) - valueAxis()->pixelToCoord(0));
+        const double from = std::max(m_lowest, seen.lower - beyond);
+        setBaseValue(from);
+        data()->set({QCPBarsData(m_place, std::min(m_highest, seen.upper + beyond) - from)}, true);
+        QCPBars::draw(painter);
+    }
+
+private:
+    double m_place;
+    double m_lowest;
+    double m_highest;
+};
+
 /// A bar from the lowest to the highest number, and a line at the mean.
 void AddBar(QCustomPlot& plot, const ChartData& chart, std::size_t i)
 {
     const auto& row = chart.rows[i];
     const double place = static_cast<double>(i) + 1;
-    auto* bar = new QCPBars(plot.xAxis, plot.yAxis);
+    auto* bar = new SeenBar(plot, place, row[1], row[0]);
     bar->setWidth(kBarWidth);
-    bar->setBaseValue(row[1]);
-    bar->addData(place, row[0] - row[1]);
     bar->setName(chart.rowLabels.value(static_cast<qsizetype>(i)));
-    bar->setPen(QPen(QColor(LookOf(i).color), 1.5));
+    bar->setPen(QPen(QColor(LookOf(i).color), kBarPen));
     bar->setBrush(QBrush(QColor(LookOf(i).color), LookOf(i).fill));
     bar->addToLegend();
     AddLine(plot, {{place - kBarWidth / 2, row[2]}, {place + kBarWidth / 2, row[2]}}, QPen(Qt::black, 2.5));
