@@ -1,86 +1,106 @@
-// Charts of several series, by the shapes of the exported picture and by what is said of them. The painter is
-// the real one, from its module.
+// Charts as they are painted: the pictures of tests/data/charts, by the real painter from its module.
+#include "ChartPicture.h"
+#include "ChartStory.h"
 #include "Compare.h"
+#include "TestWorld.h"
 #include "framework/chart/ChartPainter.h"
+#include "validation/repeatability/PrecDocument.h"
+#include "validation/specificity/SpecDocument.h"
 
-#include <QColor>
-#include <QRegularExpression>
-#include <QTest>
-#include <QXmlStreamReader>
-
-#include <algorithm>
-#include <cmath>
+#include <QDir>
+#include <QImage>
 
 using namespace Qt::StringLiterals;
 
 namespace
 {
 
-struct Shape {
-    QString kind;
-    QString color;
-    QString dashes;
-    QList<QPointF> points;
+std::unique_ptr<ChartPainter> NewPainter()
+{
+    return CreateChartPainter(QStringLiteral(QUOREL_TEST_PROGRAM));
+}
 
-    /// A mark's place; the middle of what it spans.
-    QPointF Center() const
+/// A chart that has of everything, zoomed and dragged: what comes after it has nothing of it.
+std::unique_ptr<ChartPainter> UsedPainter()
+{
+    auto painter = NewPainter();
+    ChartData chart;
+    chart.title = u"Prima"_s;
+    chart.footnote = u"prima"_s;
+    chart.legend = true;
+    chart.x = {.title = u"ascisse"_s, .scale = ChartScale{0, 7}, .majorDivisions = 7};
+    chart.y = {.title = u"ordinate"_s, .scale = ChartScale{-3, 3}, .majorDivisions = 3};
+    chart.series = {{.name = u"una"_s, .marks = true, .fitted = true}, {.name = u"altra"_s}};
+    chart.rows = {{1, 1, 2, 2}, {3, -1, 4, -2}};
+    painter->SetChart(chart, u"."_s);
+    painter->Export(ChartFormat::Svg, kChartPage);
+    painter->Zoom({300, 200}, 0.3);
+    painter->Drag({30, 20});
+    return painter;
+}
+
+class PaintedStory : public ChartStory
+{
+protected:
+    QStringList Do(const QString& verb, const QString& rest) override
     {
-        QRectF span(points.front(), QSizeF());
-        for (const QPointF& point : points) {
-            span.setLeft(std::min(span.left(), point.x()));
-            span.setRight(std::max(span.right(), point.x()));
-            span.setTop(std::min(span.top(), point.y()));
-            span.setBottom(std::max(span.bottom(), point.y()));
+        const QList<double> numbers = NumbersOf(rest);
+        if (verb == u"document" || verb == u"english") {
+            m_chart = OfDocument(rest, verb == u"english" ? Language::English : Language::Italian);
+            return {};
         }
-        return span.center();
+        if (verb == u"zoom") // around these numbers
+            m_painter->Zoom(m_picture.Place({numbers[0], numbers[1]}), numbers[2]);
+        else if (verb == u"drag") // from these numbers to those
+            m_painter->Drag(m_picture.Place({numbers[2], numbers[3]}) -
+                            m_picture.Place({numbers[0], numbers[1]}));
+        else if (verb == u"all")
+            m_painter->ShowAll();
+        else if (verb == u"paint") // WIDTH HEIGHT DECIMAL-SEPARATOR
+            return Painted(QSize(qRound(numbers[0]), qRound(numbers[1])), rest.last(1));
+        else if (verb == u"at") // these numbers
+            return {u'"' + ChartValueText(m_chart, {numbers[0], numbers[1]}, m_decSep) + u'"'};
+        else
+            return {u"NO SUCH STEP"_s};
+        const QStringList before = m_picture.lines;
+        m_picture = ReadPicture(m_painter->Export(ChartFormat::Svg, m_size));
+        return Changes(before, m_picture.lines);
     }
+
+private:
+    QStringList Painted(const QSize& size, const QString& decSep)
+    {
+        m_size = size;
+        m_decSep = decSep;
+        const auto fresh = NewPainter();
+        fresh->SetChart(m_chart, decSep);
+        m_painter->SetChart(m_chart, decSep);
+        const QByteArray svg = m_painter->Export(ChartFormat::Svg, m_size);
+        m_picture = ReadPicture(svg);
+        QStringList lines = m_picture.lines;
+        if (svg != fresh->Export(ChartFormat::Svg, size))
+            lines += u"OTHERWISE THAN BY A NEW PAINTER"_s;
+        return lines + QStringList{u"described: "_s + ChartDescription(m_chart, decSep)};
+    }
+
+    static ChartData OfDocument(const QString& name, Language language)
+    {
+        TestWorld world;
+        std::unique_ptr<TestDocument> document;
+        if (name.endsWith(u"PRE"))
+            document = MakeDocument<PrecDocument>(world.Context());
+        else
+            document = MakeDocument<SpecDocument>(world.Context());
+        document->ReadFromFile(DataFile(name));
+        document->Calc();
+        return document->Chart(0, language);
+    }
+
+    std::unique_ptr<ChartPainter> m_painter = UsedPainter(); ///< for all charts of the story
+    QSize m_size;
+    QString m_decSep;
+    ChartPicture m_picture;
 };
-
-QList<QPointF> PointsOf(const QXmlStreamAttributes& element, const QString& kind)
-{
-    const auto number = [&](const QString& name) { return element.value(name).toDouble(); };
-    if (kind == u"circle")
-        return {{number(u"cx"_s), number(u"cy"_s)}};
-    if (kind == u"rect")
-        return {{number(u"x"_s), number(u"y"_s)},
-                {number(u"x"_s) + number(u"width"_s), number(u"y"_s) + number(u"height"_s)}};
-    QList<QPointF> points;
-    static const QRegularExpression kPair(u"([-0-9.e]+),([-0-9.e]+)"_s);
-    auto pairs = kPair.globalMatch(element.value(kind == u"path" ? u"d"_s : u"points"_s));
-    while (pairs.hasNext()) {
-        const auto pair = pairs.next();
-        points.append({pair.captured(1).toDouble(), pair.captured(2).toDouble()});
-    }
-    return points;
-}
-
-QList<Shape> ShapesIn(const QByteArray& svg)
-{
-    QList<Shape> shapes;
-    QXmlStreamAttributes group;
-    for (QXmlStreamReader reader(svg); !reader.atEnd(); reader.readNext()) {
-        if (!reader.isStartElement())
-            continue;
-        const QString kind = reader.name().toString();
-        if (kind == u"g")
-            group = reader.attributes();
-        else if (QStringList({u"circle"_s, u"rect"_s, u"path"_s, u"polyline"_s}).contains(kind))
-            shapes.append({kind, group.value(u"stroke"_s).toString(),
-                           group.value(u"stroke-dasharray"_s).toString(),
-                           PointsOf(reader.attributes(), kind)});
-    }
-    return shapes;
-}
-
-double ContrastOnWhite(const QColor& color)
-{
-    const auto linear = [](double part) {
-        return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
-    };
-    const double luminance =
-        0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
-    return 1.05 / (luminance + 0.05);
-}
 
 } // namespace
 
@@ -91,146 +111,46 @@ class PlotPainterTest : public QObject
 private Q_SLOTS:
     void init() { FailOnWarnings(); }
 
-    void MarksStandAtTheirPointsGroupByGroup()
+    void Painted_data()
     {
-        ChartData chart;
-        chart.series = {{.line = false, .marks = true, .colourGroup = 2, .fitted = true}};
-        chart.rows = {{0, 0}, {10, 10}, {2, 5}, {6, 1}, {4, 4}};
-        Paint(chart);
-        QVERIFY(Has(u"circle"_s, u"#0072b2"_s, {{0, 0}}));
-        QVERIFY(Has(u"circle"_s, u"#0072b2"_s, {{10, 10}}));
-        QCOMPARE(Centers(u"rect"_s, u"#d55e00"_s), QList<QPointF>({{2, 5}, {6, 1}}));
-        QCOMPARE(Centers(u"path"_s, u"#009e73"_s).size(), 1); // the last group has one row alone
-        QCOMPARE(std::round(Centers(u"path"_s, u"#009e73"_s).front().x()), 4.0);
-        // y = 0.7297 + 0.7432 x, from the sums of squares by hand: 44 / 59.2 around (4.4, 4)
-        QVERIFY(Has(u"polyline"_s, u"#000000"_s, {{0, 0.7297}, {10, 8.1622}}));
+        QTest::addColumn<QString>("file");
+        const QDir folder(DataFile(u"charts"_s));
+        for (const QString& name : folder.entryList({u"*.txt"_s}))
+            QTest::addRow("%s", qPrintable(name)) << folder.filePath(name);
+        QVERIFY(!folder.isEmpty());
     }
 
-    /// As many as a table may have rows of concentrations.
-    void NoTwoOfThirtyGroupsLookTheSame()
+    void Painted()
     {
-        ChartData chart;
-        chart.series = {{.line = false, .marks = true, .colourGroup = 1}};
-        for (int i = 0; i < 30; ++i)
-            chart.rows.push_back({static_cast<double>(i), static_cast<double>(i % 3)});
-        Paint(chart);
-        QMap<int, QString> looks;
-        for (const Shape& shape : std::as_const(m_shapes)) {
-            const auto at = m_painter->ValuesAt(shape.Center());
-            const QPointF form = shape.points.front() - shape.Center();
-            if (!at || form.manhattanLength() > 10 || shape.color == u"#000000") // grid and ticks
-                continue;
-            QVERIFY2(ContrastOnWhite(QColor(shape.color)) >= 3, qPrintable(shape.color));
-            looks[qRound(at->x())] +=
-                shape.color + shape.kind + u"%1 %2 "_s.arg(qRound(form.x())).arg(qRound(form.y()));
-        }
-        QCOMPARE(looks.size(), 30);
-        QCOMPARE(QSet<QString>(looks.cbegin(), looks.cend()).size(), 30);
+        QFETCH(QString, file);
+        const QString difference = PaintedStory().Difference(file);
+        QVERIFY2(difference.isEmpty(), qPrintable(difference));
     }
 
-    /// Where no scale is given all points are seen; each curve has its own dashes, and its name below the
-    /// axes.
-    void ThreeCurvesWithALegend()
+    /// The same painting as vectors on a page of its size, and as a picture three times as fine.
+    void Files()
     {
         ChartData chart;
-        chart.legend = true;
-        chart.series = {{u"superiore"_s}, {u"centrale"_s}, {u"inferiore"_s}};
-        chart.rows = {{0, 1, 0, 5, 2, 9}, {100, 2, 100, 6, 200, 8}};
-        const QString svg = QString::fromUtf8(Paint(chart));
-        QSet<QString> dashes;
-        for (const QString& color : {u"#0072b2"_s, u"#d55e00"_s, u"#009e73"_s}) {
-            QList<Shape> lines;
-            for (const Shape& shape : std::as_const(m_shapes)) {
-                if (shape.color == color)
-                    lines += shape;
-            }
-            QCOMPARE(lines.size(), 2);
-            QVERIFY(m_painter->ValuesAt(lines[0].Center()) && !m_painter->ValuesAt(lines[1].Center()));
-            QVERIFY(lines[1].Center().y() > lines[0].Center().y());
-            QCOMPARE(lines[1].dashes, lines[0].dashes);
-            dashes += lines[0].dashes;
-        }
-        QCOMPARE(dashes.size(), 3);
-        QVERIFY(Has(u"polyline"_s, u"#009e73"_s, {{2, 9}, {200, 8}}));
-        for (const ChartSeries& series : chart.series)
-            QCOMPARE(svg.count(series.name), 1);
-        chart.legend = false;
-        QVERIFY(!Paint(chart).contains("centrale"));
-    }
-
-    void AllOfItIsInView()
-    {
-        ChartData chart;
-        chart.series = {{.line = false, .marks = true, .fitted = true}, {}};
-        chart.rows = {{0, 0, 0, 2}, {1, 10, 0, 4}, {2, 10, 0, 6}};
-        Paint(chart);
-        QVERIFY(Has(u"polyline"_s, u"#0072b2"_s, {{0, 5. / 3}, {2, 35. / 3}})); // ends above all points
-        QVERIFY(Has(u"polyline"_s, u"#d55e00"_s, {{0, 2}, {0, 4}, {0, 6}}));
-        chart.rows = {{5, 1, 5, 1}, {5, 2, 5, 1}}; // no line through points one above the other
-        Paint(chart);
-        QVERIFY(Centers(u"polyline"_s, u"#0072b2"_s).isEmpty());
-        chart.rows = {{5, 1, 5, 2}}; // two points apart in one row
-        Paint(chart);
-        QVERIFY(Has(u"circle"_s, u"#0072b2"_s, {{5, 1}}));
+        chart.title = u"Medie"_s;
         chart.type = ChartType::HighLow;
-        chart.rows = {{12, 10, 11}, {14, 12, 13}}; // a bar stands between its two ends
-        Paint(chart);
-        QCOMPARE(Centers(u"path"_s, u"#0072b2"_s), QList<QPointF>({{1, 11}}));
+        chart.rows = {{14, 10, 11}};
+        const auto painter = NewPainter();
+        painter->SetChart(chart, u","_s);
+        const QByteArray pdf = painter->Export(ChartFormat::Pdf, kChartPage);
+        QVERIFY(pdf.startsWith("%PDF-") && pdf.contains("%%EOF") && !pdf.contains("/Subtype /Image"));
+        QVERIFY(pdf.contains("/MediaBox [0 0 596.000000 419.000000]"));
+        QVERIFY(pdf.contains(QByteArray("/Title (\xfe\xff\0M\0e\0d\0i\0e)", 20)));
+        const QByteArray before = "/FlateDecode\n>>\nstream\n";
+        const QByteArray page = qUncompress(QByteArray("\1\0\0\0", 4) + // room enough
+                                            pdf.mid(pdf.indexOf(before) + before.size()));
+        QVERIFY2(page.contains("0.750000000 0 0 -0.750000000 0 419 cm") && page.contains("0 0 794 559 re"),
+                 page.first(100).constData());
+        const QImage picture = QImage::fromData(painter->Export(ChartFormat::Png, kChartPage), "PNG");
+        QCOMPARE(picture.size(), kChartPage * 3);
+        QCOMPARE(picture.pixelColor(3, 3), QColor(Qt::white));
+        const QPointF mean = ReadPicture(painter->Export(ChartFormat::Svg, kChartPage)).Place({50, 11});
+        QCOMPARE(picture.pixelColor((mean * 3).toPoint()), QColor(Qt::black));
     }
-
-    void Words()
-    {
-        ChartData chart;
-        chart.title = u"Taratura"_s;
-        chart.x.title = u"mg/l"_s;
-        chart.series = {{.name = u"misure"_s, .line = false, .marks = true}, {}};
-        chart.rows = {{0, 0, 0, 500}, {10, 1000, 10, 500}};
-        QCOMPARE(ChartValueText(chart, {1, 300}, u","), u"x = 0; y = 500"_s);
-        QCOMPARE(ChartValueText(chart, {1, 200}, u","), u"misure: x = 0; y = 0"_s);
-        QCOMPARE(ChartDescription(chart, u","), u"Taratura; mg/l: da 0 a 10; serie: misure"_s);
-        QCOMPARE(chart.SeriesNames(), QStringList({u"misure"_s, QString()}));
-        chart.series.clear();
-        QCOMPARE(ChartDescription(chart, u","), u"Taratura"_s);
-        QVERIFY(chart.SeriesNames().isEmpty());
-    }
-
-private:
-    QByteArray Paint(const ChartData& chart)
-    {
-        m_painter = CreateChartPainter(QStringLiteral(QUOREL_TEST_PROGRAM));
-        m_painter->SetChart(chart, u","_s);
-        const QByteArray svg = m_painter->Export(ChartFormat::Svg, kChartPage);
-        m_shapes = ShapesIn(svg);
-        return svg;
-    }
-
-    /// Whether a shape has these points, in the unit of the axes.
-    bool Has(const QString& kind, const QString& color, const QList<QPointF>& points) const
-    {
-        return std::ranges::any_of(m_shapes, [&](const Shape& shape) {
-            return shape.kind == kind && shape.color == color &&
-                   std::ranges::equal(shape.points, points,
-                                      [this](const QPointF& at, const QPointF& expected) {
-                                          const auto values = m_painter->ValuesAt(at);
-                                          return values && (*values - expected).manhattanLength() < 0.01;
-                                      });
-        });
-    }
-
-    /// The marks of a kind between the axes, rounded to whole numbers in their unit.
-    QList<QPointF> Centers(const QString& kind, const QString& color) const
-    {
-        QList<QPointF> centers;
-        for (const Shape& shape : m_shapes) {
-            const auto at = m_painter->ValuesAt(shape.Center());
-            if (shape.kind == kind && shape.color == color && at)
-                centers += at->toPoint();
-        }
-        return centers;
-    }
-
-    std::unique_ptr<ChartPainter> m_painter;
-    QList<Shape> m_shapes;
 };
 
 QTEST_MAIN(PlotPainterTest)
