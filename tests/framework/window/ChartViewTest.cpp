@@ -37,6 +37,15 @@ public:
     QStringList told;
 };
 
+struct PaintCount : QObject {
+    bool eventFilter(QObject* /*object*/, QEvent* event) override
+    {
+        count += event->type() == QEvent::Paint ? 1 : 0;
+        return false;
+    }
+    int count = 0;
+};
+
 /// A chart in a window. Places are told by the numbers at its axes.
 class ViewStory : public ChartStory
 {
@@ -65,8 +74,7 @@ protected:
                   rest.contains(u"Right") ? Qt::RightButton : Qt::LeftButton,
                   rest.contains(u"Ctrl") ? Qt::ControlModifier : Qt::NoModifier);
         else if (verb == u"press") // KEY...
-            for (const QString& key : rest.split(u' '))
-                QTest::keyClick(m_view.get(), Qt::Key(QKeySequence(key)[0].key()));
+            Press(rest.split(u' '));
         else if (verb == u"enlargeable")
             m_view->SetEnlargeable(true);
         else if (verb == u"leave")
@@ -75,7 +83,13 @@ protected:
             Menu(rest);
         else
             return {u"NO SUCH STEP"_s};
+        QCoreApplication::processEvents();
+        const bool painted = m_paints.count > 0;
         const QStringList before = std::exchange(m_seen, Seen());
+        QCoreApplication::processEvents();
+        m_paints.count = 0;
+        if (m_picture.lines != before.first(std::min(before.size(), m_picture.lines.size())) && !painted)
+            m_told += u"NOT PAINTED AGAIN"_s;
         return Changes(before, m_seen) + std::exchange(m_told, {});
     }
 
@@ -90,6 +104,14 @@ private:
             QObject::connect(m_view.get(), &ChartView::EnlargeAsked, m_view.get(),
                              [this] { m_told += u"asks to be enlarged"_s; });
             m_view->resize(qRound(m_numbers[0]), qRound(m_numbers[1]));
+            const QSize least = m_view->minimumSizeHint();
+            m_told += u"%1 \"%2\", at least %3 x %4, focus policy %5, mouse %6"_s
+                          .arg(m_view->objectName(), m_view->accessibleName())
+                          .arg(least.width())
+                          .arg(least.height())
+                          .arg(m_view->focusPolicy())
+                          .arg(m_view->hasMouseTracking() ? u"followed"_s : u"NOT FOLLOWED"_s);
+            m_view->installEventFilter(&m_paints);
             m_view->show();
             if (!QTest::qWaitForWindowActive(m_view.get()))
                 qFatal("the chart is not shown");
@@ -118,6 +140,17 @@ private:
     {
         QMouseEvent event(type, at, m_view->mapToGlobal(at), button, button, keys);
         QApplication::sendEvent(m_view.get(), &event);
+        if (type == QEvent::MouseMove && event.isAccepted())
+            m_told += u"THE WINDOW SEES NO MOUSE"_s;
+    }
+
+    void Press(const QStringList& keys)
+    {
+        for (const QString& key : keys) {
+            QKeyEvent event(QEvent::KeyPress, QKeySequence(key)[0].key(), Qt::NoModifier);
+            QApplication::sendEvent(m_view.get(), &event);
+            m_told += event.isAccepted() ? QStringList() : QStringList{key + u" is left to others"_s};
+        }
     }
 
     /// A tip goes a moment after it is told to.
@@ -184,19 +217,21 @@ private:
             const QByteArray bytes = BytesOf(m_folder.filePath(name));
             m_told += u"file %1: %2"_s.arg(name, QString::fromLatin1(bytes.first(5).trimmed()));
             if (name.endsWith(u"svg"))
-                m_told += ReadPicture(bytes).lines.sliced(2, 1);
+                m_told += ReadPicture(bytes).lines.first(3);
             QFile::remove(m_folder.filePath(name));
         }
         m_told += std::exchange(m_dialog.told, {});
         if (m_dialog.FileName != u"lotto.PRE")
             m_told += u"THE DOCUMENT'S NAME IS LOST"_s;
-        if (!m_world.messages.All().isEmpty())
-            m_told += u"message: "_s + m_world.messages.TakeOnly().section(u'\n', 0, 0);
+        for (const auto& shown : m_world.messages.All())
+            m_told += u"message %1 %2: %3"_s.arg(static_cast<int>(shown.icon))
+                          .arg(shown.title, shown.text.section(u'\n', 0, 0));
     }
 
     QTemporaryDir m_folder;
     TestWorld m_world;
     ToldDialog m_dialog;
+    PaintCount m_paints;
     std::unique_ptr<ChartView> m_view;
     QList<double> m_numbers;
     ChartPicture m_picture; ///< after the step before
