@@ -114,7 +114,7 @@ private Q_SLOTS:
     void Painted_data()
     {
         QTest::addColumn<QString>("file");
-        const QDir folder(DataFile(u"charts"_s));
+        const QDir folder(QStringLiteral(QUOREL_TEST_DATA "/charts"));
         for (const QString& name : folder.entryList({u"*.txt"_s}))
             QTest::addRow("%s", qPrintable(name)) << folder.filePath(name);
         QVERIFY(!folder.isEmpty());

@@ -251,7 +251,7 @@ private Q_SLOTS:
     void Seen_data()
     {
         QTest::addColumn<QString>("file");
-        const QDir folder(DataFile(u"chart-views"_s));
+        const QDir folder(QStringLiteral(QUOREL_TEST_DATA "/chart-views"));
         for (const QString& name : folder.entryList({u"*.txt"_s}))
             QTest::addRow("%s", qPrintable(name)) << folder.filePath(name);
         QVERIFY(!folder.isEmpty());
