@@ -156,6 +156,18 @@ private Q_SLOTS:
         QCOMPARE(m_open->window->printed, 2);
     }
 
+    /// What is selected inside of an open cell gives way, not all of the cell.
+    void PasteIntoAnOpenCell()
+    {
+        m_open->Go(0, 0, 0);
+        QTest::keyClicks(Grid(0), u"1"_s);
+        QTest::keyClicks(m_open->Editor(), u"25"_s);
+        m_open->Editor()->setSelection(1, 1);
+        QApplication::clipboard()->setText(u"7"_s);
+        m_open->Trigger("ModificaIncolla");
+        QCOMPARE(m_open->Editor()->text(), u"175"_s);
+    }
+
     void FailureThatIsSurvived()
     {
         m_open->Type(0, u"1"_s, 1);
