@@ -88,42 +88,15 @@ private Q_SLOTS:
         QCOMPARE(run.status, 0);
         QCOMPARE(run.err, QString());
         QCOMPARE(run.out.count('\n'), 1);
-        const QJsonObject object = run.Object();
-        const QStringList keys{u"aInputData"_s, u"cConcl"_s,   u"conclusions"_s, u"decimali"_s, u"failure"_s,
-                               u"file"_s,       u"grids"_s,    u"headers"_s,     u"interi"_s,   u"key"_s,
-                               u"means"_s,      u"messages"_s, u"option"_s,      u"read"_s,     u"results"_s,
-                               u"size"_s,       u"table"_s,    u"values"_s,      u"verdict"_s};
-        QCOMPARE(object.keys(), keys);
-        QCOMPARE(object[u"file"].toString(), file);
-        QCOMPARE(object[u"read"].toString(), u"complete"_s);
-        QCOMPARE(object[u"decimali"].toInt(), 4);
-        QCOMPARE(object[u"aInputData"].toArray(),
-                 QJsonArray({u"HPLC isocratico"_s, u"Caffeina"_s, u"Lotto 12"_s, u"mg/l"_s}));
-        QCOMPARE(object[u"size"].toObject(), QJsonObject({{u"nDet"_s, u"5"_s}}));
-        QCOMPARE(object[u"option"].toInt(-1), 0);
-        QCOMPARE(object[u"grids"].toArray()[0].toArray()[4].toArray(), QJsonArray({u"5.0000"_s}));
-        QCOMPARE(object[u"results"].toObject(),
-                 QJsonObject(
-                     {{u"StDev"_s, u"1.5811"_s}, {u"LimRil"_s, u"3.1623"_s}, {u"LimDet"_s, u"15.8114"_s}}));
-        QCOMPARE_EQ(object[u"values"][u"s"].toDouble(), std::sqrt(2.5));
-        QCOMPARE(object[u"conclusions"][u"it"].toArray().size(), 2);
-        QVERIFY(object[u"conclusions"][u"en"][0].toString().startsWith(u"DETECTION LIMIT\r\n"_s));
-        QVERIFY(object[u"cConcl"].toString().endsWith(object[u"conclusions"][u"it"][0].toString()));
-        QVERIFY(object[u"failure"].isNull() && object[u"table"].isNull() && object[u"verdict"].isNull());
-        QCOMPARE(RunWith({u"--json"_s, u"--chart-data"_s, file}).Object()[u"charts"].toArray(), QJsonArray());
+        QCOMPARE(run.Object()[u"file"].toString(), file);
+        QVERIFY(!run.Object().contains(u"charts"));
+        QVERIFY(RunWith({u"--json"_s, u"--chart-data"_s, file}).Object()[u"charts"].isArray());
     }
 
     void NotCalculated()
     {
         const Run run = RunWith({u"--json"_s, DataFile(u"five-with-one-empty.LIM"_s)});
         QCOMPARE(run.status, 1);
-        const QJsonObject object = run.Object();
-        QCOMPARE(object[u"read"].toString(), u"complete"_s);
-        QCOMPARE(object[u"failure"][u"number"].toInt(), 13);
-        QCOMPARE(object[u"results"][u"LimDet"].toString(), u"0.000"_s);
-        QCOMPARE(object[u"cConcl"].toString(), QString());
-        QCOMPARE(object[u"conclusions"][u"it"].toArray(), QJsonArray({QString(), QString()}));
-        QCOMPARE(object[u"values"].toObject(), QJsonObject());
         QVERIFY(run.err.contains(u"five-with-one-empty.LIM: non calcolato"_s));
     }
 
@@ -209,33 +182,16 @@ private Q_SLOTS:
                  2); // never where it came from
     }
 
-    void ChartsInEitherLanguage()
+    void LanguageAndSeparator()
     {
-        const QStringList call = {u"--json"_s, u"--chart-data"_s, DataFile(u"groups-of-5-and-6.SPC"_s),
-                                  DataFile(u"three-determinations.PRE"_s)};
-        const Run english = RunWith(call);
-        const QJsonObject bars = english.Object()[u"charts"][0].toObject();
-        QCOMPARE(bars.keys(), (QStringList{u"data"_s, u"footnote"_s, u"name"_s, u"rowLabels"_s,
-                                           u"seriesNames"_s, u"title"_s, u"xTitle"_s, u"yTitle"_s}));
-        QCOMPARE(bars[u"name"].toString() + u'|' + bars[u"title"].toString() + u'|' +
-                     bars[u"xTitle"].toString(),
-                 u"VtGrafSpec|Specificity: means|Groups"_s);
-        QVERIFY(bars[u"footnote"].toString().startsWith(u"Analytical method: "_s));
-        QCOMPARE(bars[u"rowLabels"].toArray(), (QJsonArray{u"A"_s, u"B"_s}));
-        QVERIFY(bars[u"seriesNames"].isNull());
-        QCOMPARE(bars[u"data"][1].toArray().size(), 3);
-        QCOMPARE(bars[u"data"][0][2].toDouble(), 100.08);
-        const QJsonObject curve = english.Object(1)[u"charts"][0].toObject();
-        QCOMPARE(curve[u"data"].toArray().size(), 1000);
-        QVERIFY(curve[u"rowLabels"].isNull());
-        const Run italian = RunWith(QStringList{u"--language"_s, u"it"_s} + call);
-        QCOMPARE(italian.Object()[u"charts"][0][u"title"].toString(), u"Specificità: medie"_s);
-        QCOMPARE(italian.Object(1)[u"charts"][0][u"xTitle"].toString(), u"Curva di precisione"_s);
-        QVERIFY(!RunWith({u"--json"_s, DataFile(u"three-determinations.PRE"_s)}).out.contains("charts"));
-        const QString uncalculated = m_folder->filePath(u"zero.PRE"_s);
-        QVERIFY(WriteBytes(uncalculated, DataFileWith(u"three-determinations.PRE"_s, {{12, "2,NIL"}})));
-        QCOMPARE(RunWith({u"--json"_s, u"--chart-data"_s, uncalculated}).Object()[u"charts"].toArray(),
-                 QJsonArray());
+        const auto run = [](const QStringList& options) {
+            const QJsonObject object = RunWith(options + QStringList{u"--json"_s, u"--chart-data"_s,
+                                                                     DataFile(u"groups-of-5-and-6.SPC"_s)})
+                                           .Object();
+            return object[u"results"][u"F"].toString() + u' ' + object[u"charts"][0][u"xTitle"].toString();
+        };
+        QCOMPARE(run({}), u"2.850 Groups"_s);
+        QCOMPARE(run({u"--language"_s, u"it"_s, u"--decimal"_s, u","_s}), u"2,850 Gruppi"_s);
     }
 
     /// The program itself, where there is no display.
@@ -279,13 +235,6 @@ private Q_SLOTS:
         const Run run = RunWith(arguments);
         QCOMPARE(run.status, 2);
         QVERIFY(!run.err.isEmpty() && run.out.isEmpty());
-    }
-
-    void DecimalComma()
-    {
-        const Run run = RunWith({u"--decimal"_s, u","_s, u"--json"_s, DataFile(u"one-to-five.LIM"_s)});
-        QCOMPARE(run.Object()[u"results"][u"LimDet"].toString(), u"15,8114"_s);
-        QVERIFY(run.Object()[u"cConcl"].toString().endsWith(u"3,1623"_s));
     }
 
     void Summary()

@@ -116,7 +116,7 @@ class Document:
 
     def column(self, index, size):
         """The numbers that the cells show, which need not be those that they hold."""
-        texts = [self.cell(row[index]) for row in self.rows[:count(size)]]
+        texts = [self.cell(row[index]) for row in self.rows[:max(0, count(size))]]
         if "" in texts:
             raise Failure(13)
         return [Decimal(text) for text in texts]

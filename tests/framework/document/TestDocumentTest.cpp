@@ -3,6 +3,7 @@
 #include "TestWorld.h"
 #include "batch/JsonOutput.h"
 #include "framework/MadeUpDocument.h"
+#include "framework/document/DocumentLife.h"
 
 #include <QSignalSpy>
 #include <QThread>
@@ -208,6 +209,64 @@ private Q_SLOTS:
         QCOMPARE(m_document->HowRead(), FileRead::InPart);
         QCOMPARE(m_document->ReadStop(), 28); // the line that would come
         QCOMPARE(m_document->Grid(2).Text(1, 0) + m_document->Grid(2).Text(2, 0), u"0.00"_s);
+    }
+
+    void BadFiles_data()
+    {
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::addColumn<int>("failure"); // 0: read whole
+        QTest::addColumn<int>("line");
+        TestWorld world;
+        const auto document = MakeDocument<MadeUpDocument>(world.Context());
+        const auto with = [&](int line, const QByteArray& text) {
+            QList<QByteArray> lines = document->FileBytes().split('\n');
+            lines[line - 1] = text + '\r';
+            return lines.join('\n');
+        };
+        QTest::addRow("empty") << ""_ba << 62 << 1;
+        QTest::addRow("blanks alone") << "   \t"_ba << 13 << 1;
+        QTest::addRow("zeros") << QByteArray(5000, '\0') << 13 << 1;
+        QTest::addRow("random bytes") << "\x8f\x00\x7f,\xfe\r\r\xff,,3"_ba << 13 << 1;
+        QTest::addRow("cut behind the marker") << "Quorel for Windows\r\n"_ba << 62 << 2;
+        QTest::addRow("no integer digits") << with(2, "0") << 5 << 3;
+        QTest::addRow("negative decimals") << with(3, "-1") << 5 << 3;
+        QTest::addRow("digits out of range") << with(2, "40000") << 6 << 2;
+        QTest::addRow("fields in words") << with(4, "x") << 13 << 4;
+        QTest::addRow("reserved line no number") << with(9, "x") << 0 << 0;
+        QTest::addRow("negative size") << with(11, "-5") << 5 << 14;
+        QTest::addRow("a value beyond all numbers") << with(19, "2,1e999,0,0") << 6 << 19;
+    }
+
+    void BadFiles()
+    {
+        QFETCH(QByteArray, bytes);
+        QFETCH(int, failure);
+        QFETCH(int, line);
+        QVERIFY(WriteBytes(m_file, bytes));
+        const LoadOutcome outcome = LoadDocument(*m_document, m_file);
+        QCOMPARE(outcome.reading ? outcome.reading->Number() : 0, failure);
+        QCOMPARE(m_document->ReadStop(), line);
+        QVERIFY(!m_document->IsModify() && !m_document->ChangeMade());
+        QCOMPARE(m_document->Title() == u"Taratura - no file", failure != 0);
+    }
+
+    /// What is printed takes the format that any window built last; the file takes the document's own.
+    void ResultsTakeTheFormatBuiltLast()
+    {
+        Fill(*m_document);
+        GetNumFormat(3, 1, m_world->define);
+        QCOMPARE(m_document->Calc(), CalcEnd::Done);
+        QCOMPARE(m_document->ControlText("Somma"), u"78.0"_s);
+        m_document->WriteToFile(m_file);
+        QVERIFY(BytesOf(m_file).contains("\r\n 1,1.00,2.00,3.00\r\n"));
+        QCOMPARE(m_document->Title(), u"Taratura - "_s + m_file);
+    }
+
+    void HeaderFieldIsOneLine()
+    {
+        m_document->TypeInputData(1, u"a\r\nb\nc\rd"_s);
+        QCOMPARE(m_document->InputData(1), u"a b c d"_s);
+        QVERIFY(m_document->IsModify());
     }
 
     void EndsOfACalculation()
