@@ -81,13 +81,14 @@ bool IsFolder(const QString& path)
 /// In one step. Fails: PathAccess where a file stands there, and as the system tells.
 void MakeFolder(const QString& path)
 {
-    if (QDir().mkdir(WithoutClosingSeparator(path)) ||
-        IsFolder(path)) // another copy may have made it meanwhile
+    if (QDir().mkdir(WithoutClosingSeparator(path)))
         return;
-    const int error = errno;
+    const int error = errno; // of the making, not of a look at what is there
+    if (IsFolder(path))      // another copy may have made it meanwhile
+        return;
     const FailureKind kind = QFileInfo::exists(WithoutClosingSeparator(path)) ? FailureKind::PathAccess
                                                                               : FailureKind::PathNotFound;
-    throw RuntimeFailure(kind, RuntimeFailure(kind).Text() + ": " + std::strerror(error));
+    throw RuntimeFailure(kind, std::strerror(error));
 }
 
 } // namespace

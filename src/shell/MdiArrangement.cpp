@@ -66,9 +66,9 @@ void PlaceIcons(const QMdiArea& area)
 
 void ActivateWindow(QMdiSubWindow* window)
 {
+    window->mdiArea()->setActiveSubWindow(window);
     if (window->isMinimized())
         window->showNormal();
-    window->mdiArea()->setActiveSubWindow(window);
 }
 
 void ArrangeWindows(QMdiArea& area, Arrangement arrangement)
