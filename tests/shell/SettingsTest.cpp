@@ -22,13 +22,6 @@ private Q_SLOTS:
         m_ini.SetApplicationKey(u" Percorsi "_s);
     }
 
-    void DefaultFile()
-    {
-        WriteDefaultSettings(m_ini.FileName());
-        QCOMPARE(BytesOf(m_ini.FileName()), "[Percorsi]\nOpenSave=0\nBackup=0\n[Parametri]\nBkAutoSave=0\n");
-        QCOMPARE(m_ini.GetValue(u"Backup"_s, u"x"_s), u"0"_s);
-    }
-
     void Values_data()
     {
         QTest::addColumn<QByteArray>("bytes");

@@ -35,6 +35,16 @@ private Q_SLOTS:
         const QString difference = DifferenceFrom(file, Story(QString::fromUtf8(story.readAll())).Tell());
         QVERIFY2(difference.isEmpty(), qPrintable(difference));
     }
+
+    /// Once it is painted, which no story waits for.
+    void TheFrameGetsItsPicture()
+    {
+        const QTemporaryDir home;
+        qputenv("HOME", QFile::encodeName(home.path()));
+        Program program;
+        QVERIFY(program.Start());
+        QTRY_VERIFY(!program.Window().windowIcon().pixmap(32).isNull());
+    }
 };
 
 QTEST_MAIN(StoriesTest)
