@@ -76,7 +76,7 @@ QString EndText(CalcEnd end, const QList<CollectedMessage>& messages)
     case CalcEnd::SumIsZero:
         return u"la somma dei valori è zero"_s;
     case CalcEnd::Refused:
-        return messages.isEmpty() ? u"rifiutato"_s : messages.constLast().text.simplified();
+        return messages.constLast().text.simplified();
     case CalcEnd::Done:
         break;
     }

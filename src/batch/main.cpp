@@ -65,9 +65,9 @@ int Run(int argc, char** argv)
                                                            .progress = ::isatty(STDERR_FILENO) == 1,
                                                            .programFolder = programFolder,
                                                            .version = QStringLiteral(QUOREL_VERSION)});
-    if (!out.flush() || std::fflush(stdout) != 0) {
+    if (!out.flush()) {
         err.write("quorel-batch: impossibile scrivere i risultati sull'uscita standard\n");
-        return status == 0 ? 1 : status;
+        return 1;
     }
     return status;
 }

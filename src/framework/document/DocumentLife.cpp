@@ -85,7 +85,6 @@ LoadOutcome LoadDocument(TestDocument& document, const QString& fileName)
     } catch (const RuntimeFailure& failure) {
         outcome.calculation = failure;
     }
-    document.ClearFlags();
     return outcome;
 }
 
@@ -105,7 +104,7 @@ bool OpenDocument(TestDocument& document)
         return false;
 
     context.dialog.FileName.clear();
-    if (!context.dialog.ShowOpen() || context.dialog.FileName.isEmpty())
+    if (!context.dialog.ShowOpen())
         return false;
     const QString fileName = context.dialog.FileName;
     Q_EMIT document.Pointer(true);
@@ -115,7 +114,6 @@ bool OpenDocument(TestDocument& document)
     if (document.HowRead() == FileRead::Whole)
         context.dialog.FileName = fileName;
     Q_EMIT document.Pointer(false);
-    Q_EMIT document.Changed();
     return true;
 }
 
@@ -123,7 +121,7 @@ void SaveDocument(TestDocument& document)
 {
     CommonDialog& dialog = document.Context().dialog;
     const QString former = dialog.FileName;
-    if (dialog.FileName.isEmpty() && (!dialog.ShowSave() || dialog.FileName.isEmpty()))
+    if (dialog.FileName.isEmpty() && !dialog.ShowSave())
         return;
     WriteDocument(document, former);
 }
@@ -132,7 +130,7 @@ void SaveDocumentAs(TestDocument& document)
 {
     CommonDialog& dialog = document.Context().dialog;
     const QString former = std::exchange(dialog.FileName, QString());
-    if (dialog.ShowSave() && !dialog.FileName.isEmpty())
+    if (dialog.ShowSave())
         WriteDocument(document, former);
 }
 

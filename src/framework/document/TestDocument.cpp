@@ -306,12 +306,11 @@ void TestDocument::ReadFromFile(const QString& fileName)
 {
     ResetDocument();
     m_howRead = FileRead::NotAtAll;
+    const auto tell = qScopeGuard([this] { Q_EMIT Changed(); });
     DataFileReader reader(fileName);
     m_howRead = FileRead::InPart;
-    const auto noteStop = qScopeGuard([&] {
-        m_readStop = m_howRead == FileRead::Whole ? 0 : reader.Line();
-        Q_EMIT Changed();
-    });
+    const auto noteStop =
+        qScopeGuard([&] { m_readStop = m_howRead == FileRead::Whole ? 0 : reader.Line(); });
     std::vector<std::unique_ptr<DataGrid::Redraw>> redraws;
     for (DataGrid* grid : m_grids)
         redraws.push_back(std::make_unique<DataGrid::Redraw>(*grid));

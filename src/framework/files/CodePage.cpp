@@ -26,9 +26,8 @@ bool IsAscii(QStringView text)
 /// Nothing when the code page lacks a character: what comes back must be what went in.
 std::optional<QByteArray> Encode(const QString& text)
 {
-    QStringEncoder encoder(kCodePage);
-    const QByteArray bytes = encoder(text);
-    if (encoder.hasError() || FromCodePage(bytes) != text)
+    const QByteArray bytes = QStringEncoder(kCodePage)(text);
+    if (FromCodePage(bytes) != text)
         return std::nullopt;
     return bytes;
 }
