@@ -43,7 +43,7 @@ inline const DocumentShape& MadeUpShape()
         .options = {{"Option1"_L1, u"1 Livello"_s, 1},
                     {"Option2"_L1, u"2 Livelli"_s, 2, false},
                     {"Option3"_L1, u"3 Livelli"_s, 3}},
-        .fields = {{"nDatiTot"_L1, FieldKind::Size, u"N. dati totali"_s},
+        .fields = {{"nDatiTot"_L1, FieldKind::Size, u"N. dati totali"_s, u"12"_s},
                    {"Somma"_L1, FieldKind::Result, u"Somma"_s},
                    {"Esito"_L1, FieldKind::Result, u"Esito"_s, u"NONE"_s},
                    {"LabelLivelli"_L1, FieldKind::Caption, {}},
@@ -124,7 +124,10 @@ public:
 protected:
     void ResetOwn() override
     {
-        Grid().SetSize(Count("Dimensioni1"), Count("Dimensioni0"));
+        for (DataGrid* grid : Grids()) {
+            grid->SetSize(0, 0); // the headers go, too
+            grid->SetSize(Count("Dimensioni1"), Count("Dimensioni0"));
+        }
         SelectOption(1);
     }
     void ForgetNumbers() override { m_sum.reset(); }

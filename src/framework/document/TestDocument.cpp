@@ -37,7 +37,10 @@ std::vector<Field> FieldsOf(const DocumentShape& shape)
 {
     std::vector<Field> fields;
     for (const SizeField& size : shape.sizes)
-        fields.push_back({.control = size.control, .kind = FieldKind::Size, .caption = size.caption});
+        fields.push_back({.control = size.control,
+                          .kind = FieldKind::Size,
+                          .caption = size.caption,
+                          .reset = size.initial});
     fields.insert(fields.end(), shape.fields.begin(), shape.fields.end());
     return fields;
 }
@@ -251,8 +254,8 @@ void TestDocument::ResetDocument()
     m_readStop = 0;
     m_inputData.fill(QString());
     m_inputData[kUnitInput] = m_shape.initialUnit;
-    for (const SizeField& size : m_shape.sizes)
-        SetControlText(size.control, size.initial);
+    for (const Field& size : m_fields.OfKind(FieldKind::Size))
+        SetControlText(size.control, size.reset);
     ResetOwn();
     for (DataGrid* grid : m_grids) {
         const DataGrid::Redraw redraw(*grid);
