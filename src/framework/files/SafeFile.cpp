@@ -39,6 +39,8 @@ FailureKind KindOf(int systemError, FailureKind otherwise)
     case ENOENT:
     case ENOTDIR:
         return FailureKind::PathNotFound;
+    case EISDIR:
+        return FailureKind::PathAccess;
     default:
         return otherwise;
     }
@@ -89,13 +91,13 @@ void SafeFile::Write(QByteArrayView bytes)
     m_hash.addData(bytes);
 }
 
-void SafeFile::TakeTimesOf(int descriptor)
+void SafeFile::TakeTimeOf(int descriptor)
 {
     struct stat status {
     };
     if (::fstat(descriptor, &status) != 0 || !m_file.flush())
         FailWithSystemError(errno);
-    const std::array<timespec, 2> times{status.st_atim, status.st_mtim};
+    const std::array<timespec, 2> times{timespec{.tv_sec = 0, .tv_nsec = UTIME_OMIT}, status.st_mtim};
     if (::futimens(m_file.handle(), times.data()) != 0)
         FailWithSystemError(errno);
 }
@@ -155,7 +157,7 @@ bool CopySafeFile(const QString& source, const QString& target, const std::funct
         if (goOn && !goOn(copied))
             return false;
     }
-    to.TakeTimesOf(from.handle());
+    to.TakeTimeOf(from.handle());
     to.Commit();
     return true;
 }

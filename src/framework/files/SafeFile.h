@@ -18,8 +18,8 @@ public:
     explicit SafeFile(const QString& fileName);
 
     void Write(QByteArrayView bytes);
-    /// The file gets the times of change and of access of an open file.
-    void TakeTimesOf(int descriptor);
+    /// The file gets the time of change of an open file.
+    void TakeTimeOf(int descriptor);
     void Commit();
 
 private:
