@@ -1,7 +1,8 @@
-// The companion: JSON, summary, rewriting, exit states, and files that are not what they
-// seem.
+// The companion: what each kind of call prints, tells and writes; and the program itself, where there is no
+// display, under several locales, without the module of the charts.
 #include "batch/Batch.h"
 #include "Compare.h"
+#include "OrdinaryUser.h"
 #include "TestWorld.h"
 #include "batch/JsonWriter.h"
 #include "batch/Outcome.h"
@@ -15,9 +16,8 @@
 #include <QProcess>
 #include <QTemporaryDir>
 
-#include <limits>
-
 #include <future>
+#include <limits>
 
 using namespace Qt::StringLiterals;
 
@@ -26,27 +26,44 @@ namespace
 
 struct Run {
     int status = -1;
-    QByteArray out;
+    QString out;
     QString err;
-
-    QJsonObject Object(int line = 0) const
-    {
-        return QJsonDocument::fromJson(out.split('\n').value(line)).object();
-    }
 };
 
-Run RunWith(const QStringList& arguments)
+/// Takes so many writings, and no more.
+class LimitedBuffer : public QBuffer
 {
-    QBuffer out;
-    QBuffer err;
-    out.open(QIODevice::WriteOnly);
-    err.open(QIODevice::WriteOnly);
-    Run run;
-    run.status = RunBatch(QStringList{u"--decimal"_s, u"."_s} + arguments,
-                          {.out = out, .err = err, .programFolder = {}, .version = u"1.2"_s});
-    run.out = out.data();
-    run.err = QString::fromUtf8(err.data());
-    return run;
+public:
+    explicit LimitedBuffer(int writings) : m_left(writings) { open(QIODevice::WriteOnly); }
+
+protected:
+    qint64 writeData(const char* data, qint64 size) override
+    {
+        return m_left-- > 0 ? QBuffer::writeData(data, size) : -1;
+    }
+
+private:
+    int m_left;
+};
+
+const QString kProgram = QStringLiteral(QUOREL_TEST_PROGRAM "/quorel-batch");
+
+/// What is printed of a file with the numbers 1 to 5.
+QString Five(const QString& file)
+{
+    return file +
+           u"\n  Dev. standard: 1.5811\n  Limite di rilevazione: 3.1623\n  Limite di determinazione: 15.8114\n"
+           "\nLIMITE DI RILEVAZIONE\nLa più piccola concentrazione ( mg/l ) dell'analita che può essere distinta "
+           "dal bianco con il 95% di probabilità è pari a :\n\n3.1623\n"
+           "\nLIMITE DI DETERMINAZIONE\nLa più piccola concentrazione ( mg/l ) dell'analita determinabile con "
+           "accettabile precisione e accuratezza è pari a :\n\n15.8114\n\n"_s;
+}
+
+QString FiveWithComma(const QString& file)
+{
+    const QString text = Five(file);
+    return text.first(file.size()) +
+           text.sliced(file.size()).replace(QRegularExpression(u"(\\d)\\.(\\d)"_s), u"\\1,\\2"_s);
 }
 
 } // namespace
@@ -60,6 +77,32 @@ private Q_SLOTS:
     {
         FailOnWarnings();
         m_folder = std::make_unique<QTemporaryDir>();
+        for (const auto& folder : {u"other"_s, u"many/sub.LIM"_s, u"empty"_s, u"taken/five.LIM"_s})
+            QVERIFY(QDir(m_folder->path()).mkpath(folder));
+        const QByteArray five = BytesOf(DataFile(u"one-to-five.LIM"_s));
+        for (const auto& name : {"five.LIM", "many/b.LIM", "many/B.lim", "many/a.Lim", "many/.c.LIM"})
+            QVERIFY(WriteBytes(At(name), five));
+        const QByteArray bars = BytesOf(DataFile(u"groups-of-5-and-6.SPC"_s));
+        const std::pair<const char*, QByteArray> files[] = {
+            {"cut.LIM", five.first(five.indexOf("3,3"))},
+            {"zeros.LIM", "2\r\n\r\n\r\n\r\n\r\n0\r\n5\r\nVero\r\n 1,0\r\n2,0\r\n3,0\r\n4,0\r\n5,0\r\n"},
+            {"bytes.LIM", QByteArray(100, '\0')},
+            {"gap.LIM", BytesOf(DataFile(u"five-with-one-empty.LIM"_s))},
+            {"other/five.LIM", BytesOf(DataFile(u"older-kind.LIM"_s))},
+            {"curve.PRE", BytesOf(DataFile(u"three-determinations.PRE"_s))},
+            {"lotto-9.spc", bars},
+            {"flat.SPC", DataFileWith(u"groups-of-5-and-6.SPC"_s, {{14, " 1,7.0001,5.0001"},
+                                                                   {15, "2,7,5"},
+                                                                   {16, "3,7,5"},
+                                                                   {17, "4,7,5"},
+                                                                   {18, "5,7,5"},
+                                                                   {19, "6,NIL,5"}})},
+            {"lotto.TAR", "x"},
+            {"note.txt", "x"},
+            {"many/note.txt", "x"},
+        };
+        for (const auto& [name, bytes] : files)
+            QVERIFY(WriteBytes(At(name), bytes));
     }
 
     /// Documents are computed side by side, each with global values of its own.
@@ -81,202 +124,269 @@ private Q_SLOTS:
             QCOMPARE(together[static_cast<std::size_t>(call)].get(), printed(call));
     }
 
-    void OneObjectALine()
+    /// A dollar sign stands for the folder of the files.
+    void Calls_data()
     {
-        const QString file = DataFile(u"one-to-five.LIM"_s);
-        const Run run = RunWith({u"--json"_s, file});
-        QCOMPARE(run.status, 0);
-        QCOMPARE(run.err, QString());
-        QCOMPARE(run.out.count('\n'), 1);
-        QCOMPARE(run.Object()[u"file"].toString(), file);
-        QVERIFY(!run.Object().contains(u"charts"));
-        QVERIFY(RunWith({u"--json"_s, u"--chart-data"_s, file}).Object()[u"charts"].isArray());
-    }
-
-    void NotCalculated()
-    {
-        const Run run = RunWith({u"--json"_s, DataFile(u"five-with-one-empty.LIM"_s)});
-        QCOMPARE(run.status, 1);
-        QVERIFY(run.err.contains(u"five-with-one-empty.LIM: non calcolato"_s));
-    }
-
-    void CutFile()
-    {
-        const QByteArray whole = BytesOf(DataFile(u"one-to-five.LIM"_s));
-        const QString cut = m_folder->filePath(u"però cut.lim"_s);
-        QVERIFY(WriteBytes(cut, whole.first(whole.indexOf("3,3"))));
-        const Run run = RunWith({u"--json"_s, cut, DataFile(u"one-to-five.LIM"_s)});
-        QCOMPARE(run.status, 1);
-        QCOMPARE(run.Object()[u"file"].toString(), cut);
-        QCOMPARE(run.Object()[u"read"].toString(), u"partial"_s);
-        QCOMPARE(run.Object()[u"failure"][u"number"].toInt(), 62);
-        QVERIFY(run.err.contains(cut));
-        QCOMPARE(run.Object(1)[u"read"].toString(), u"complete"_s);
-        const QString target = m_folder->filePath(u"target"_s);
-        QCOMPARE(RunWith({u"--rewrite"_s, target, cut}).status, 1);
-        QVERIFY(QDir(target).isEmpty()); // the rest of the file would be lost
-    }
-
-    void FolderInOrderOfName()
-    {
-        for (const auto& name : {u"b.LIM"_s, u"B.lim"_s, u"a.Lim"_s, u"note.txt"_s})
-            QVERIFY(QFile::copy(DataFile(u"one-to-five.LIM"_s), m_folder->filePath(name)));
-        QVERIFY(QDir(m_folder->path()).mkdir(u"sub.LIM"_s));
-        const Run run = RunWith({u"--json"_s, m_folder->path()});
-        QCOMPARE(run.status, 0);
-        QStringList names;
-        for (int line = 0; line < run.out.count('\n'); ++line)
-            names += run.Object(line)[u"file"].toString();
-        QCOMPARE(names, QStringList({m_folder->path() + u"/B.lim"_s, m_folder->path() + u"/a.Lim"_s,
-                                     m_folder->path() + u"/b.LIM"_s}));
-    }
-
-    void NamesWhatItCannotDo_data()
-    {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<QString>("reason");
-        QTest::addRow("none") << u"none.LIM"_s << u"File non trovato"_s;
-        QTest::addRow("of no kind") << u"note.txt"_s << u"non è un file di dati"_s;
-        QTest::addRow("of a kind to come") << u"lotto.TAR"_s << u"non sono ancora gestiti"_s;
-        QTest::addRow("zeros") << u"zeros.LIM"_s << u"riga 1"_s;
-        QTest::addRow("refused") << u"flat.SPC"_s << u"non calcolato: Dati non validi ! Controllare i dati"_s;
-        QTest::addRow("nothing to calculate") << u"new.LIM"_s << u"la somma dei valori è zero"_s;
-    }
-
-    void NamesWhatItCannotDo()
-    {
-        QFETCH(QString, name);
-        QFETCH(QString, reason);
-        QVERIFY(WriteBytes(m_folder->filePath(u"zeros.LIM"_s), QByteArray(100, '\0')));
-        QVERIFY(WriteBytes(m_folder->filePath(u"flat.SPC"_s),
-                           DataFileWith(u"groups-of-5-and-6.SPC"_s, {{14, " 1,7.0001,5.0001"},
-                                                                     {15, "2,7,5"},
-                                                                     {16, "3,7,5"},
-                                                                     {17, "4,7,5"},
-                                                                     {18, "5,7,5"},
-                                                                     {19, "6,NIL,5"}})));
-        QVERIFY(WriteBytes(m_folder->filePath(u"lotto.TAR"_s), "x"));
-        QVERIFY(WriteBytes(m_folder->filePath(u"note.txt"_s), "x"));
-        QVERIFY(WriteBytes(m_folder->filePath(u"new.LIM"_s), "2\r\n\r\n\r\n\r\n\r\n0\r\n5\r\nVero\r\n"
-                                                             " 1,0\r\n2,0\r\n3,0\r\n4,0\r\n5,0\r\n"));
-        const Run run = RunWith({m_folder->filePath(name), DataFile(u"one-to-five.LIM"_s)});
-        QCOMPARE(run.status, 1);
-        QVERIFY2(run.err.contains(name + u": "_s) && run.err.contains(reason), qPrintable(run.err));
-        QVERIFY(run.out.contains("15.8114")); // the other one is done all the same
-    }
-
-    void Rewrite()
-    {
-        const QString target = m_folder->filePath(u"new/folder"_s);
-        const QString other = m_folder->filePath(u"older-kind.LIM"_s);
-        QVERIFY(QFile::copy(DataFile(u"one-to-five.LIM"_s), other));
-        const Run run = RunWith({u"--rewrite"_s, target, DataFile(u"older-kind.LIM"_s),
-                                 DataFile(u"five-with-one-empty.LIM"_s), other});
-        QCOMPARE(run.status, 1);
-        QVERIFY(BytesOf(target + u"/older-kind.LIM"_s)
-                    .startsWith("Quorel for Windows\r\n3\r\n3\r\n2\r\nTitolazione"));
-        QCOMPARE(BytesOf(target + u"/five-with-one-empty.LIM"_s),
-                 BytesOf(DataFile(u"five-with-one-empty.LIM"_s)));
-        QVERIFY2(run.err.contains(other + u": non salvato"_s), qPrintable(run.err)); // the name is taken
-        QCOMPARE(RunWith({u"--rewrite=%1/."_s.arg(m_folder->path()), other}).status,
-                 2); // never where it came from
-    }
-
-    void LanguageAndSeparator()
-    {
-        const auto run = [](const QStringList& options) {
-            const QJsonObject object = RunWith(options + QStringList{u"--json"_s, u"--chart-data"_s,
-                                                                     DataFile(u"groups-of-5-and-6.SPC"_s)})
-                                           .Object();
-            return object[u"results"][u"F"].toString() + u' ' + object[u"charts"][0][u"xTitle"].toString();
+        QTest::addColumn<QString>("arguments");
+        QTest::addColumn<int>("status");
+        QTest::addColumn<QString>("out");
+        QTest::addColumn<QString>("err"); // without the program's name in front of each line
+        const auto row = [](const QString& arguments, int status, const QString& out, const QString& err) {
+            QTest::addRow("%s.", qPrintable(arguments)) << arguments << status << out << err;
         };
-        QCOMPARE(run({}), u"2.850 Groups"_s);
-        QCOMPARE(run({u"--language"_s, u"it"_s, u"--decimal"_s, u","_s}), u"2,850 Gruppi"_s);
+        const QString five = Five(u"$/five.LIM"_s);
+        const auto older = Five(u"$/other/five.LIM"_s)
+                               .replace(u"mg/l"_s, u"%"_s)
+                               .replace(u"1.5811"_s, u"1.581"_s)
+                               .replace(u"3.1623"_s, u"3.162"_s)
+                               .replace(u"15.8114"_s, u"15.811"_s);
+        row(u"$/five.LIM $/other/five.LIM"_s, 0, five + older, {});
+        row(u"--decimal , $/five.LIM"_s, 0, FiveWithComma(u"$/five.LIM"_s), {});
+        row(u"$/many"_s, 0,
+            Five(u"$/many/.c.LIM"_s) + Five(u"$/many/B.lim"_s) + Five(u"$/many/a.Lim"_s) +
+                Five(u"$/many/b.LIM"_s),
+            {});
+        row(u"$/other/ $/empty"_s, 0, older, {});
+
+        // What can't be done is named, the others are done.
+        const auto stops = [&](const QString& name, bool printed, const QString& reason) {
+            row(u"$/%1 $/five.LIM"_s.arg(name), 1,
+                (printed ? u"$/%1\n  nessun risultato\n\n"_s.arg(name) : QString()) + five,
+                u"$/%1: %2\n"_s.arg(name, reason));
+        };
+        stops(u"none.LIM"_s, false, u"File non trovato"_s);
+        stops(u"note.txt"_s, false, u"non è un file di dati"_s);
+        stops(u"lotto.TAR"_s, false, u"i file di tipo TAR non sono ancora gestiti"_s);
+        stops(u"bytes.LIM"_s, true, u"letto in parte, fino alla riga 1: Tipo non corrispondente"_s);
+        stops(u"cut.LIM"_s, true,
+              u"letto in parte, fino alla riga 14: Fine del file raggiunta prima del previsto"_s);
+        stops(u"gap.LIM"_s, true, u"non calcolato: Tipo non corrispondente"_s);
+        stops(u"zeros.LIM"_s, true, u"non calcolato: la somma dei valori è zero"_s);
+        stops(u"flat.SPC"_s, true, u"non calcolato: Dati non validi ! Controllare i dati"_s);
+
+        const auto wrong = [&](const QString& arguments, const QString& error) {
+            row(arguments, 2, {}, error + u"\nAiuto: quorel-batch --help\n"_s);
+        };
+        wrong({}, u"manca il file o la cartella da elaborare"_s);
+        wrong(u"--json"_s, u"manca il file o la cartella da elaborare"_s);
+        wrong(u"--jason -x $/five.LIM"_s, u"opzione sconosciuta: jason, x"_s);
+        wrong(u"--json=1 $/five.LIM"_s, u"opzione non valida: Unexpected value after '--json'."_s);
+        wrong(u"$/five.LIM --language"_s, u"opzione non valida: Missing value after '--language'."_s);
+        wrong(u"--language fr $/five.LIM"_s, u"valore non valido per l'opzione --language: fr"_s);
+        wrong(u"--decimal ; $/five.LIM"_s, u"valore non valido per l'opzione --decimal: ;"_s);
+        wrong(u"--chart= $/five.LIM"_s, u"l'opzione --chart vuole una cartella"_s);
+        wrong(u"--rewrite= $/five.LIM"_s, u"l'opzione --rewrite vuole una cartella"_s);
+        row(u"--version"_s, 0, u"quorel-batch 1.2\n"_s, {});
+
+        // Folders that can't be written to, and files in them.
+        const QString source = u"la cartella %1 è quella di %2: i file di origine non si sovrascrivono\n"_s;
+        row(u"--rewrite $/empty/.. $/five.LIM"_s, 2, {}, source.arg(u"$/empty/.."_s, u"$/five.LIM"_s));
+        row(u"--chart $/other/ $/five.LIM $/other"_s, 2, {},
+            source.arg(u"$/other/"_s, u"$/other/five.LIM"_s));
+        row(u"--rewrite $/five.LIM/new $/five.LIM"_s, 2, {},
+            u"impossibile creare la cartella $/five.LIM/new\n"_s);
+        row(u"--rewrite $/taken $/five.LIM"_s, 1, five,
+            u"$/five.LIM: non salvato: Il percorso non è quello di un file\n"_s);
+        row(u"--rewrite $/new $/five.LIM $/other/five.LIM"_s, 1, five + older,
+            u"$/other/five.LIM: non salvato: un altro file ha lo stesso nome\n"_s);
+        row(u"--chart $/new $/lotto.TAR $/five.LIM"_s, 1, five,
+            u"$/lotto.TAR: i file di tipo TAR non sono ancora gestiti\n"_s);
     }
 
-    /// The program itself, where there is no display.
-    void ChartFiles()
+    void Calls()
     {
-        const QString program = QStringLiteral(QUOREL_TEST_PROGRAM "/quorel-batch");
-        const QString target = m_folder->filePath(u"charts"_s);
-        const QString blank = m_folder->filePath(u"lotto 9.spc"_s);
-        QVERIFY(QFile::copy(DataFile(u"groups-of-5-and-6.SPC"_s), blank));
-        const Run run = Start(program, {u"--chart"_s, target, blank, DataFile(u"three-determinations.PRE"_s),
-                                        DataFile(u"one-to-five.LIM"_s)});
-        QCOMPARE(run.err, QString());
-        QCOMPARE(run.status, 0);
-        QCOMPARE(
-            QDir(target).entryList(QDir::Files, QDir::Name),
-            (QStringList{u"lotto 9.spc.VtGrafSpec.pdf"_s, u"three-determinations.PRE.VtGrafPrec.pdf"_s}));
-        QVERIFY(BytesOf(target + u"/lotto 9.spc.VtGrafSpec.pdf"_s).startsWith("%PDF-"));
-        QCOMPARE(Start(program, {u"--chart"_s, m_folder->path(), blank}).status, 2);
-
-        const QString alone = m_folder->filePath(u"quorel-batch"_s);
-        QVERIFY(QFile::copy(program, alone));
-        const Run without = Start(alone, {u"--chart"_s, target, blank});
-        QCOMPARE(without.status, 1);
-        QVERIFY2(without.err.contains(u"Il modulo dei grafici"_s), qPrintable(without.err));
-    }
-
-    void WrongCalls_data()
-    {
-        QTest::addColumn<QStringList>("arguments");
-        QTest::addRow("nothing") << QStringList();
-        QTest::addRow("unknown option") << QStringList{u"--jason"_s, u"a.LIM"_s};
-        QTest::addRow("value where none belongs") << QStringList{u"--json=1"_s, u"a.LIM"_s};
-        QTest::addRow("value missing") << QStringList{u"a.LIM"_s, u"--language"_s};
-        QTest::addRow("unknown language") << QStringList{u"--language"_s, u"fr"_s, u"a.LIM"_s};
-        QTest::addRow("no separator") << QStringList{u"--decimal"_s, u";"_s, u"a.LIM"_s};
-    }
-
-    void WrongCalls()
-    {
-        QFETCH(QStringList, arguments);
+        QFETCH(QString, arguments);
         const Run run = RunWith(arguments);
-        QCOMPARE(run.status, 2);
-        QVERIFY(!run.err.isEmpty() && run.out.isEmpty());
+        QTEST(run.out, "out");
+        QFETCH(QString, err);
+        QCOMPARE(run.err, err.isEmpty() ? err : u"quorel-batch: "_s + err);
+        QTEST(run.status, "status");
     }
 
-    void Summary()
+    void Json_data()
     {
-        const QByteArray text = RunWith({DataFile(u"one-to-five.LIM"_s)}).out;
-        QVERIFY(text.contains("\n  Limite di rilevazione: 3.1623\n  Limite di determinazione: 15.8114\n"));
-    }
-
-    void Help()
-    {
-        const Run help = RunWith({u"--help"_s});
-        QCOMPARE(help.status, 0);
-        for (const auto& option : {"--json", "--chart", "--rewrite", "--decimal"})
-            QVERIFY(help.out.contains(option));
-        QVERIFY(help.out.contains("non è valida"));
-        QCOMPARE(RunWith({u"--version"_s}).out, "quorel-batch 1.2\n");
+        QTest::addColumn<QString>("arguments");
+        QTest::addColumn<QString>("expected"); // what of the object the call decides
+        const auto row = [](const char* arguments, const QString& expected) {
+            QTest::addRow("%s", arguments) << QString::fromLatin1(arguments) << expected;
+        };
+        row("$/five.LIM", uR"({"failure":null,"file":"$/five.LIM","messages":[],"read":"complete"})"_s);
+        row("--chart-data $/cut.LIM",
+            uR"({"charts":[],"failure":{"number":62,"text":"Fine del file raggiunta prima del previsto"},)"
+            uR"("file":"$/cut.LIM","messages":[],"read":"partial"})"_s);
+        row("--chart-data --decimal=, $/flat.SPC",
+            uR"({"charts":[],"failure":null,"file":"$/flat.SPC","messages":[{"icon":"critical",)"
+            uR"("text":"Dati non validi !\nControllare i dati","title":"Errore"}],"read":"complete"})"_s);
+        const QString curve = uR"("failure":null,"file":"$/curve.PRE","messages":[],"read":"complete"})"_s;
+        row("--chart-data $/curve.PRE", uR"({"charts":["Precision"],)"_s + curve);
+        row("--language=it --chart-data $/curve.PRE", uR"({"charts":["Precisione"],)"_s + curve);
     }
 
     void Json()
     {
-        JsonWriter json;
-        json.BeginObject();
-        json.Key("a"_L1);
-        json.Text(u"\"\\\r\n\t\u0001è\U0001F600\x7f");
-        json.Key("b"_L1);
-        json.BeginList();
-        json.Number(0.1 + 0.2);
-        json.Number(-1e300);
-        json.Number(5e-324);
-        json.Bool(true);
-        json.BeginList();
-        json.EndList();
-        json.Null();
-        json.EndList();
-        json.EndObject();
-        QJsonParseError error;
-        const QJsonObject object = QJsonDocument::fromJson(json.Bytes(), &error).object();
-        QCOMPARE(error.error, QJsonParseError::NoError);
-        QCOMPARE(object[u"a"].toString(), u"\"\\\r\n\t\u0001è\U0001F600\x7f"_s);
-        QCOMPARE_EQ(object[u"b"][0].toDouble(), 0.1 + 0.2);
-        QCOMPARE_EQ(object[u"b"][2].toDouble(), 5e-324);
-        QCOMPARE(object[u"b"].toArray().size(), 6);
+        QFETCH(QString, arguments);
+        const Run run = RunWith(u"--json "_s + arguments);
+        QVERIFY(run.out.startsWith(u"{\"file\":\"$/") && run.out.indexOf(u'\n') == run.out.size() - 1);
+        QJsonObject object = QJsonDocument::fromJson(run.out.toUtf8()).object();
+        QStringList keys = object.keys();
+        if (object.contains(u"charts")) {
+            QJsonArray titles;
+            for (const auto& chart : object[u"charts"].toArray())
+                titles += chart[u"title"];
+            object[u"charts"] = titles;
+            keys.removeOne(u"charts"_s);
+        }
+        QCOMPARE(keys.join(u' '),
+                 u"aInputData cConcl conclusions decimali failure file grids headers interi key "
+                 "means messages option read results size table values verdict"_s);
+        for (const QString& key : std::as_const(keys)) {
+            if (!arguments.isEmpty() &&
+                !QStringList{u"failure"_s, u"file"_s, u"messages"_s, u"read"_s}.contains(key))
+                object.remove(key);
+        }
+        QTEST(QString::fromUtf8(QJsonDocument(object).toJson(QJsonDocument::Compact)), "expected");
+    }
+
+    void Help()
+    {
+        const Run help = RunWith(u"--help"_s);
+        QVERIFY(help.status == 0 && help.err.isEmpty());
+        for (const auto& line :
+             {u"Uso: quorel-batch [opzioni] FILE|CARTELLA..."_s, u"--json "_s, u"--chart-data "_s,
+              u"--chart CARTELLA "_s, u"--rewrite CARTELLA "_s, u"--language it|en "_s, u"(en)"_s,
+              u"--decimal CARATTERE "_s, u"--version "_s, u"--help "_s, u"2 la chiamata non è valida.\n"_s})
+            QVERIFY2(help.out.contains(line), qPrintable(line));
+    }
+
+    /// What was read whole is written again, in the current format; of other files the rest would be lost.
+    void Rewrite()
+    {
+        QCOMPARE(RunWith(u"--rewrite $/new/folder $/other/five.LIM $/gap.LIM $/cut.LIM $/none.LIM"_s).status,
+                 1);
+        QCOMPARE(QDir(At("new/folder")).entryList(QDir::Files), QStringList({u"five.LIM"_s, u"gap.LIM"_s}));
+        QCOMPARE(BytesOf(At("new/folder/five.LIM")),
+                 "Quorel for Windows\r\n3\r\n3\r\n" + BytesOf(DataFile(u"older-kind.LIM"_s)));
+        QCOMPARE(BytesOf(At("new/folder/gap.LIM")), BytesOf(At("gap.LIM")));
+        QCOMPARE(RunWith(u"--rewrite $/new/folder $/five.LIM $/other/five.LIM"_s).status, 1);
+        QCOMPARE(BytesOf(At("new/folder/five.LIM")), BytesOf(At("five.LIM"))); // the first of the name
+        const OrdinaryUser user(m_folder->path());
+        QFile::setPermissions(At("empty"), QFile::ReadOwner | QFile::ExeOwner);
+        QCOMPARE(RunWith(u"--rewrite $/empty $/five.LIM"_s).err,
+                 u"quorel-batch: $/five.LIM: non salvato: Autorizzazione negata (Permission denied)\n"_s);
+    }
+
+    void OutputThatIsLost()
+    {
+        const Run run = RunWith(u"--rewrite $/new $/five.LIM $/curve.PRE $/lotto.TAR"_s, 1);
+        QCOMPARE(run.out, Five(u"$/five.LIM"_s));
+        QCOMPARE(run.err, u"quorel-batch: uscita standard: impossibile scrivere i risultati\n"_s);
+        QCOMPARE(run.status, 1);
+    }
+
+    void Progress()
+    {
+        const QString clear = u"\r\x1b[K"_s;
+        QCOMPARE(RunWith(u"$/five.LIM $/none.LIM"_s, 9, true).err,
+                 clear + u"1/2 $/five.LIM"_s + clear + u"2/2 $/none.LIM"_s + clear +
+                     u"quorel-batch: $/none.LIM: File non trovato\n"_s + clear);
+        QCOMPARE(RunWith(u"$/five.LIM"_s, 9, true).err, clear);
+    }
+
+    /// Where both go to a terminal, the progress and the complaints come at once, the results at the end.
+    void OnATerminal()
+    {
+        const QString clear = u"\r\x1b[K"_s;
+        const QString out = Start(u"-qec|"_s + kProgram + u" $/none.LIM $/five.LIM|/dev/null"_s,
+                                  u"LC_ALL=C.UTF-8"_s, u"script"_s)
+                                .out.replace(u"\r\n"_s, u"\n"_s);
+        QCOMPARE(out, clear + u"1/2 $/none.LIM"_s + clear +
+                          u"quorel-batch: $/none.LIM: File non trovato\n"_s + clear + u"2/2 $/five.LIM"_s +
+                          clear + Five(u"$/five.LIM"_s));
+    }
+
+    void SystemsSeparator_data()
+    {
+        QTest::addColumn<QString>("environment");
+        QTest::addColumn<bool>("comma");
+        // None of them needs to be installed.
+        QTest::addRow("Italian") << u"LC_ALL=it_IT.UTF-8"_s << true;
+        QTest::addRow("none") << u"LC_ALL=C.UTF-8 LANG=it_IT.UTF-8"_s << false;
+        QTest::addRow("German numbers") << u"LANG=en_US.UTF-8 LC_NUMERIC=de_DE.UTF-8"_s << true;
+        QTest::addRow("English numbers") << u"LANG=it_IT.UTF-8 LC_NUMERIC=en_US.UTF-8"_s << false;
+    }
+
+    void SystemsSeparator()
+    {
+        QFETCH(QString, environment);
+        QFETCH(bool, comma);
+        const Run run = Start(u"$/five.LIM"_s, environment);
+        QCOMPARE(run.out, comma ? FiveWithComma(u"$/five.LIM"_s) : Five(u"$/five.LIM"_s));
+        QCOMPARE(run.err, QString());
+        QCOMPARE(run.status, 0);
+    }
+
+    /// Without a display, whatever platform the session has.
+    void ChartFiles()
+    {
+        const QString files = u" $/lotto-9.spc $/curve.PRE $/five.LIM $/flat.SPC"_s;
+        const QStringList names{u"curve.PRE.VtGrafPrec.pdf"_s, u"lotto-9.spc.VtGrafSpec.pdf"_s};
+        const auto sizes = [&](const QString& arguments, const QString& environment = u"LC_ALL=C.UTF-8"_s) {
+            const Run run = Start(arguments + files, environment);
+            QList<qsizetype> all;
+            if (run.status == 1 &&
+                run.err ==
+                    u"quorel-batch: $/flat.SPC: non calcolato: Dati non validi ! Controllare i dati\n" &&
+                QDir(At("charts")).entryList(QDir::Files, QDir::Name) == names) {
+                for (const QString& name : names) {
+                    const QByteArray pdf = BytesOf(At("charts/") + name);
+                    if (pdf.startsWith("%PDF-") && pdf.contains("/MediaBox [0 0 596.000000 419.000000]"))
+                        all += pdf.size();
+                }
+            }
+            return all;
+        };
+        const auto first = sizes(u"--chart $/charts"_s);
+        QCOMPARE(first.size(), 2);
+        QVERIFY(first[0] != first[1]);
+        QCOMPARE(sizes(u"--chart=$/charts"_s, u"LC_ALL=C.UTF-8 QT_QPA_PLATFORM=nothing"_s), first);
+        QVERIFY(QDir(At("charts")).removeRecursively());
+        const auto comma = sizes(u"--chart $/charts"_s, u"LC_ALL=it_IT.UTF-8"_s);
+        const auto italian = sizes(u"--language it --chart $/charts"_s);
+        QVERIFY(comma.size() == 2 && italian.size() == 2);
+        QVERIFY(first != comma && first != italian);
+
+        QVERIFY(QFile::remove(At("charts/curve.PRE.VtGrafPrec.pdf")) &&
+                QDir().mkdir(At("charts/curve.PRE.VtGrafPrec.pdf")));
+        const Run taken = Start(u"--chart $/charts --rewrite $/new $/curve.PRE $/lotto-9.spc"_s);
+        QCOMPARE(taken.err,
+                 u"quorel-batch: $/curve.PRE: non salvato: Il percorso non è quello di un file\n"_s);
+        QCOMPARE(taken.status, 1);
+        QCOMPARE(BytesOf(At("new/curve.PRE")), BytesOf(At("curve.PRE"))); // all the same
+    }
+
+    void WithoutTheModule()
+    {
+        QVERIFY(QFile::copy(kProgram, At("alone")) && QFile::link(kProgram, At("link")));
+        const Run run = Start(u"--chart $/charts $/five.LIM"_s, u"LC_ALL=C.UTF-8"_s, At("alone"));
+        QVERIFY2(run.err.startsWith(u"quorel-batch: Il modulo dei grafici non può essere caricato ("),
+                 qPrintable(run.err));
+        QVERIFY(run.err.endsWith(u")\n") && run.out.isEmpty() && run.status == 1);
+        QCOMPARE(Start(u"$/five.LIM"_s, u"LC_ALL=C.UTF-8"_s, At("alone")).out, Five(u"$/five.LIM"_s));
+        // The module lies beside the program, not beside a link to it.
+        QCOMPARE(Start(u"--chart $/charts $/five.LIM"_s, u"LC_ALL=C.UTF-8"_s, At("link")).err, QString());
+    }
+
+    /// Little, which is lost at the end, and more than a buffer.
+    void FullOutput()
+    {
+        const QString told = u"quorel-batch: impossibile scrivere i risultati sull'uscita standard\n"_s;
+        const Run little = Start(u"$/five.LIM"_s, u"LC_ALL=C.UTF-8"_s, kProgram, u"/dev/full"_s);
+        QCOMPARE(little.err, told);
+        QCOMPARE(little.status, 1);
+        const Run much =
+            Start(u"--json --chart-data $/curve.PRE"_s, u"LC_ALL=C.UTF-8"_s, kProgram, u"/dev/full"_s);
+        QCOMPARE(much.err, u"quorel-batch: uscita standard: impossibile scrivere i risultati\n"_s);
+        QCOMPARE(much.status, 1);
     }
 
     void JsonBytes_data()
@@ -317,19 +427,39 @@ private Q_SLOTS:
     }
 
 private:
-    static Run Start(const QString& program, const QStringList& arguments)
+    QString At(const char* name) const { return m_folder->filePath(QString::fromLatin1(name)); }
+    QString WithFolder(const QString& text) const { return QString(text).replace(u'$', m_folder->path()); }
+    QString WithSign(const QByteArray& text) const
+    {
+        return QString::fromUtf8(text).replace(m_folder->path(), u"$"_s);
+    }
+
+    /// With the point, as long as the arguments, which blanks part, say nothing else.
+    Run RunWith(const QString& arguments, int writings = 9, bool progress = false) const
+    {
+        LimitedBuffer out(writings);
+        LimitedBuffer err(99);
+        const int status = RunBatch(
+            QStringList{u"--decimal"_s, u"."_s} + WithFolder(arguments).split(u' ', Qt::SkipEmptyParts),
+            {.out = out, .err = err, .progress = progress, .programFolder = {}, .version = u"1.2"_s});
+        return {status, WithSign(out.data()), WithSign(err.data())};
+    }
+
+    /// The program itself.
+    Run Start(const QString& arguments, const QString& environment = u"LC_ALL=C.UTF-8"_s,
+              const QString& program = kProgram, const QString& out = {}) const
     {
         QProcess process;
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        for (const auto& name :
-             {u"QT_QPA_PLATFORM"_s, u"DISPLAY"_s, u"WAYLAND_DISPLAY"_s, u"XDG_RUNTIME_DIR"_s})
-            environment.remove(name);
-        process.setProcessEnvironment(environment);
-        process.start(program, arguments);
+        QProcessEnvironment variables;
+        for (const QString& variable : environment.split(u' '))
+            variables.insert(variable.section(u'=', 0, 0), variable.section(u'=', 1));
+        process.setProcessEnvironment(variables);
+        if (!out.isEmpty())
+            process.setStandardOutputFile(out);
+        process.start(program, WithFolder(arguments).split(arguments.contains(u'|') ? u'|' : u' '));
         process.waitForFinished();
-        return {.status = process.exitCode(),
-                .out = process.readAllStandardOutput(),
-                .err = QString::fromUtf8(process.readAllStandardError())};
+        return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
+                WithSign(process.readAllStandardOutput()), WithSign(process.readAllStandardError())};
     }
 
     std::unique_ptr<QTemporaryDir> m_folder;
