@@ -4,7 +4,10 @@
 #include "batch/JsonOutput.h"
 #include "framework/MadeUpDocument.h"
 #include "framework/document/DocumentLife.h"
+#include "validation/DocumentFactory.h"
 
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QSignalSpy>
 #include <QThread>
 
@@ -23,6 +26,65 @@ void Fill(MadeUpDocument& document)
 {
     for (int cell = 0; cell < 12; ++cell)
         document.Grid().SetValue(cell / 3, cell % 3, cell + 1);
+}
+
+/// The made-up document, or that of a key.
+std::unique_ptr<TestDocument> Made(const QString& key, const DocumentContext& context)
+{
+    if (key.isEmpty())
+        return MakeDocument<MadeUpDocument>(context);
+    return CreateDocument(key, context);
+}
+
+/// All that a user can do to a document, done in another way for each `by`; then it is calculated.
+void Fill(TestDocument& document, int by)
+{
+    for (int i = 0; i < TestDocument::kMostInputs; ++i)
+        document.TypeInputData(i, u"%1 di %2"_s.arg(i).arg(by));
+    int number = 5 + by;
+    for (const SizeField& size : document.Shape().sizes)
+        document.TypeSize(size.control, QString::number(number--));
+    document.ChooseDigits({.interi = 3 + by, .decimali = by});
+    if (!document.Shape().options.empty())
+        document.ChooseOption(document.Shape().options.back().value);
+    for (DataGrid* grid : document.Grids()) {
+        grid->Edits().TypeHeader(0, QString::number(10 + by));
+        for (int cell = 0; cell < grid->Rows() * grid->Cols(); ++cell)
+            grid->Edits().TypeText(cell / grid->Cols(), cell % grid->Cols(),
+                                   QString::number(10 + by + cell % 7 * by));
+        grid->SetLocked(0, 0, true);
+    }
+    if (document.Calc() != CalcEnd::Done)
+        qFatal("not to be calculated");
+    document.SetLanGraf(Language::English);
+}
+
+/// All that a document holds and shows, a line each, but the conclusions that a reset leaves.
+QStringList StateOf(const TestDocument& document)
+{
+    LoadOutcome calculated;
+    calculated.end = CalcEnd::Done;
+    QJsonObject json = QJsonDocument::fromJson(JsonLine({{}, document, calculated, {}}, true)).object();
+    json.remove(u"conclusions"_s);
+    json.remove(u"verdict"_s);
+    QStringList state{document.Title(), document.FormatText(), document.Context().define.NumFormat,
+                      u"flags %1 %2, read %3 to %4"_s.arg(document.IsModify())
+                          .arg(document.ChangeMade())
+                          .arg(static_cast<int>(document.HowRead()))
+                          .arg(document.ReadStop())};
+    state += QString::fromLatin1(document.FileBytes()).split(u"\r\n"_s);
+    for (const Field& field : document.Fields().All())
+        state += field.control + u": %1 %2"_s.arg(field.visible).arg(field.text);
+    for (const DataGrid* grid : document.Grids()) {
+        const auto locked = std::ranges::count(grid->Cells().locked, true);
+        state += u"%1 digits, %2 locked, headers %3"_s.arg(grid->GetDigits().interi)
+                     .arg(locked)
+                     .arg(grid->Cells().headers.join(u'|'));
+    }
+    for (auto value = json.begin(); value != json.end(); ++value)
+        state += value.key() + u": "_s +
+                 QString::fromUtf8(QJsonDocument(QJsonObject{{u"it"_s, value.value()}}).toJson());
+    return state;
 }
 
 /// Whether the routine ends the process by itself.
@@ -68,6 +130,85 @@ private Q_SLOTS:
         QVERIFY(!m_document->ChangeMade(TestDocument::Which::FirstGrid));
         m_document->ClearFlags();
         QVERIFY(!m_document->ChangeMade());
+    }
+
+    void NothingOfTheFormerIsLeft_data()
+    {
+        QTest::addColumn<QString>("key");
+        QTest::addRow("made up") << QString();
+        for (const auto& key : {"LIMI", "PREC", "SPEC"})
+            QTest::addRow("%s", key) << QString::fromLatin1(key);
+    }
+
+    /// New after another document is as the first one was, and a file opened after another one, whole or not,
+    /// calculated or not, as if it were opened alone.
+    void NothingOfTheFormerIsLeft()
+    {
+        QFETCH(QString, key);
+        const auto document = Made(key, m_world->Context());
+        const QStringList blank = StateOf(*document);
+        const QByteArray zeros = document->FileBytes();
+        Fill(*document, 2);
+        const QByteArray filled = document->FileBytes();
+        const auto untouched = [&] {
+            for (DataGrid* grid : document->Grids()) {
+                if (grid->Edits().Undo())
+                    return false;
+            }
+            return true;
+        };
+        m_world->dialog.FileName = m_file;
+        m_world->messages.WillAnswer(Answer::No);
+        QVERIFY(NewDocument(*document));
+        QCOMPARE(StateOf(*document), blank);
+        QVERIFY(untouched());
+        QCOMPARE(m_world->dialog.FileName, QString());
+
+        for (const QByteArray& bytes :
+             {filled, zeros, filled.first(filled.size() - 20), filled.first(50), ""_ba}) {
+            m_file = m_folder->filePath(u"a.%1"_s.arg(document->Info().extension));
+            QVERIFY(bytes.isEmpty() ? QFile::remove(m_file)
+                                    : WriteBytes(m_file, bytes)); // the last one is none
+            TestWorld alone;
+            const auto other = Made(key, alone.Context());
+            alone.dialog.WillChoose(m_file);
+            QVERIFY(OpenDocument(*other));
+            Fill(*document, 1);
+            m_world->messages.WillAnswer(Answer::No);
+            m_world->dialog.WillChoose(m_file);
+            const QSignalSpy changed(document.get(), &TestDocument::Changed);
+            QVERIFY(OpenDocument(*document));
+            QCOMPARE(StateOf(*document), StateOf(*other));
+            QVERIFY(untouched());
+            QCOMPARE(m_world->dialog.FileName, alone.dialog.FileName);
+        }
+    }
+
+    void FailuresChangeNothing()
+    {
+        for (const auto& key : {u""_s, u"LIMI"_s, u"PREC"_s, u"SPEC"_s}) {
+            const auto document = Made(key, m_world->Context());
+            Fill(*document, 2);
+            QStringList before = StateOf(*document);
+            VERIFY_FAILS(document->WriteToFile(m_folder->path()), FailureKind::PathAccess);
+            QCOMPARE(StateOf(*document), before);
+            for (DataGrid* grid : document->Grids()) {
+                for (int cell = 0; cell < grid->Rows() * grid->Cols(); ++cell)
+                    grid->SetValue(cell / grid->Cols(), cell % grid->Cols(), 0);
+            }
+            before = StateOf(*document);
+            const QSignalSpy calculated(document.get(), &TestDocument::Calculated);
+            QSignalSpy pointer(document.get(), &TestDocument::Pointer);
+            QVERIFY(document->Calc() != CalcEnd::Done);
+            QCOMPARE(StateOf(*document), before);
+            QVERIFY(calculated.isEmpty() && pointer.takeFirst().constFirst().toBool());
+            document->Grid().SetValue(0, 0, std::nullopt);
+            before = StateOf(*document);
+            if (!key.isEmpty()) {
+                VERIFY_FAILS(document->Calc(), FailureKind::TypeMismatch);
+                QCOMPARE(StateOf(*document), before);
+            }
+        }
     }
 
     void UnknownNamesEndTheProgram()
@@ -279,6 +420,18 @@ private Q_SLOTS:
         QCOMPARE(m_document->Table("SprLinearita")->Rows()[2], QStringList({u"Totali"_s, u"0"_s, QString()}));
     }
 
+    /// What kept a document from its results is told; the reading comes first.
+    void FailureOfALoading()
+    {
+        const RuntimeFailure cut(FailureKind::EndOfFile);
+        const RuntimeFailure gap(FailureKind::TypeMismatch);
+        QCOMPARE((LoadOutcome{cut, gap, {}}.Failure()->Number()), 62);
+        QCOMPARE((LoadOutcome{{}, gap, {}}.Failure()->Number()), 13);
+        QCOMPARE((LoadOutcome{cut, {}, CalcEnd::SumIsZero}.Failure()->Number()), 62);
+        QVERIFY((!LoadOutcome{cut, {}, CalcEnd::Done}.Failure() &&
+                 !LoadOutcome{{}, {}, CalcEnd::Refused}.Failure()));
+    }
+
     void Json_data()
     {
         QTest::addColumn<bool>("calculated");
@@ -307,8 +460,25 @@ private Q_SLOTS:
         LoadOutcome outcome;
         if (calculated)
             outcome.end = m_document->Calc();
-        const QList<CollectedMessage> messages = {{MessageIcon::Exclamation, u"Quorel"_s, u"a\nb"_s}};
-        const QByteArray json = JsonLine({u"a.TAR"_s, *m_document, outcome, messages}, false);
+        else
+            outcome.calculation = RuntimeFailure(FailureKind::DivisionByZero);
+        const QList<CollectedMessage> messages = {{MessageIcon::Exclamation, u"Quorel"_s, u"a\nb"_s},
+                                                  {MessageIcon::None, {}, {}},
+                                                  {MessageIcon::Information, {}, {}},
+                                                  {MessageIcon::Critical, {}, {}},
+                                                  {MessageIcon::Question, {}, {}}};
+        const QByteArray json = JsonLine({u"a.TAR"_s, *m_document, outcome, messages}, true);
+        const auto chart = [](const QByteArray& name, const QByteArray& xTitle) {
+            return "{`name`:`" + name +
+                   "`,`title`:`Regressione`,`footnote`:`Metodo analitico: \\r\\nAnalita: \\r\\nCampione: \\r\\n"
+                   "U.M. della conc. dell'analita: mg`,`xTitle`:`" +
+                   xTitle + "`,`yTitle`:``,`seriesNames`:null,`rowLabels`:null,`data`:[[1,78],[2,156]]}";
+        };
+        QByteArray end = "{`number`:11,`text`:`Divisione per zero`},`charts`:[]}\n";
+        if (calculated)
+            end = "null,`charts`:[" + chart("VtGrafRegr", "curva") + ',' + chart("VtGrafProp", "residui") +
+                  "]}\n";
+        end.replace('`', '"');
         const QByteArray zeros = R"([["0.00","0.00","0.00"],["0.00","0.00","0.00"],)"
                                  R"(["0.00","0.00","0.00"],["0.00","0.00","0.00"]])";
         QCOMPARE(
@@ -318,8 +488,10 @@ private Q_SLOTS:
             R"("grids":[[["1.00","2.00","3.00"],["4.00","5.00","6.00"],["7.00","8.00","9.00"],)"
             R"(["10.00","11.00","12.00"]],)" +
                 zeros + ',' + zeros + "]," + results +
-                R"(,"messages":[{"icon":"exclamation","title":"Quorel","text":"a\nb"}],"failure":null})" +
-                '\n');
+                R"(,"messages":[{"icon":"exclamation","title":"Quorel","text":"a\nb"},)"
+                R"({"icon":"none","title":"","text":""},{"icon":"information","title":"","text":""},)"
+                R"({"icon":"critical","title":"","text":""},{"icon":"question","title":"","text":""}],"failure":)" +
+                end);
     }
 };
 
