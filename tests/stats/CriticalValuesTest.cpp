@@ -26,16 +26,6 @@ private:
     int m_asked = 0;
 };
 
-double ExactT(int gdl)
-{
-    return quantile(boost::math::students_t(gdl), 0.975);
-}
-
-double ExactF(int gdl1, int gdl2)
-{
-    return quantile(complement(boost::math::fisher_f(gdl1, gdl2), 0.05));
-}
-
 } // namespace
 
 class CriticalValuesTest : public QObject
@@ -45,112 +35,63 @@ class CriticalValuesTest : public QObject
 private Q_SLOTS:
     void init() { FailOnWarnings(); }
 
-    void Quantile()
+    void Student()
     {
-        // Half of the last printed digit of 1.6452114 and 1.9603949.
-        QVERIFY(std::fabs(NormalQuantile(0.05) - 1.6452114) < 1e-7);
+        QVERIFY(std::fabs(NormalQuantile(0.05) - 1.6452114) < 1e-7); // the last printed digit
         QVERIFY(std::fabs(NormalQuantile(0.025) - 1.9603949) < 1e-7);
-    }
-
-    void StudentReference_data()
-    {
-        QTest::addColumn<int>("degrees");
-        QTest::addColumn<double>("expected");
-        QTest::addColumn<double>("tolerance"); // 0 for the constants, else half of the last printed digit
         const struct {
             int degrees;
-            double expected;
+            double printed;
         } rows[] = {{1, 12.706},  {2, 4.303},   {3, 3.182},   {4, 2.776},  {5, 2.5714},
                     {6, 2.4476},  {7, 2.3653},  {8, 2.3066},  {9, 2.2628}, {10, 2.2287},
                     {20, 2.0865}, {30, 2.0428}, {120, 1.9804}};
-        for (const auto& row : rows)
-            QTest::addRow("v %d", row.degrees) << row.degrees << row.expected << (row.degrees < 5 ? 0 : 5e-5);
-    }
-
-    void StudentReference()
-    {
-        QFETCH(int, degrees);
-        QFETCH(double, expected);
-        QFETCH(double, tolerance);
-        const auto v = static_cast<std::int16_t>(degrees);
-        QVERIFY(std::fabs(ValoreT(static_cast<std::int16_t>(v + 1), 1) - expected) <= tolerance);
-        QCOMPARE_EQ(ValoreT(v, 0),
-                    ValoreT(static_cast<std::int16_t>(v + 7), 7)); // the difference alone counts
-    }
-
-    void StudentDistance_data()
-    {
-        QTest::addColumn<int>("degrees");
-        QTest::addColumn<double>("relative"); // measured against the exact quantile, in units of 1e-4
-        QTest::addRow("v 5, the series' worst") << 5 << 3.077683816;
-        QTest::addRow("v 7") << 7 << 2.874313256;
-        QTest::addRow("v 15") << 15 << 2.500297973;
-        QTest::addRow("v 100") << 100 << 2.241367684;
-        QTest::addRow("v 32000, the quantile's own error") << 32000 << 2.198807038;
-    }
-
-    void StudentDistance()
-    {
-        QFETCH(int, degrees);
-        QFETCH(double, relative);
-        const double distance = ValoreT(static_cast<std::int16_t>(degrees), 0) / ExactT(degrees) - 1;
-        COMPARE_CLOSE(distance * 1e4, relative, 1e-8); // a slip in the last digit of one constant shows
-    }
-
-    void StudentFailures()
-    {
-        VERIFY_FAILS(ValoreT(3, 3), FailureKind::DivisionByZero);
+        for (const auto& [degrees, printed] : rows) {
+            // The constants stand as they are; of the others half of the last printed digit.
+            QVERIFY2(std::fabs(T(degrees) - printed) <= (degrees < 5 ? 0 : 5e-5),
+                     qPrintable(QString::number(degrees)));
+            QCOMPARE_EQ(T(degrees, 1), T(degrees, 8)); // the difference alone counts
+        }
+        VERIFY_FAILS(T(0, 3), FailureKind::DivisionByZero);
         VERIFY_FAILS(ValoreT(-32768, 1), FailureKind::Overflow);
-        QVERIFY(std::isfinite(ValoreT(1, 6)));
+        QVERIFY(std::isfinite(T(-5, 6)));
     }
 
-    void FisherReference_data()
+    void Fisher()
     {
-        QTest::addColumn<int>("gdl1");
-        QTest::addColumn<int>("gdl2");
-        QTest::addColumn<double>("expected"); // four decimals printed
-        QTest::addRow("4, 4") << 4 << 4 << 6.4057;
-        QTest::addRow("4, 10") << 4 << 10 << 3.4808;
-        QTest::addRow("5, 5") << 5 << 5 << 5.0574;
-        QTest::addRow("5, 10") << 5 << 10 << 3.3277;
-        QTest::addRow("10, 10") << 10 << 10 << 2.9792;
-        QTest::addRow("10, 20") << 10 << 20 << 2.3484;
-        QTest::addRow("20, 20") << 20 << 20 << 2.1245;
+        const struct {
+            int gdl1;
+            int gdl2;
+            double printed; // four decimals
+        } rows[] = {{4, 4, 6.4057},   {4, 10, 3.4808},  {5, 5, 5.0574},  {5, 10, 3.3277},
+                    {10, 10, 2.9792}, {10, 20, 2.3484}, {20, 20, 2.1245}};
+        for (const auto& [gdl1, gdl2, printed] : rows)
+            QVERIFY2(std::fabs(F(gdl1, gdl2) - printed) <= 5e-5, qPrintable(QString::number(printed)));
+        VERIFY_FAILS(F(4, 0), FailureKind::DivisionByZero);
+        VERIFY_FAILS(F(16384, 16384), FailureKind::Overflow);
+        QVERIFY(F(16383, 16384) > 1);
     }
 
-    void FisherReference()
+    /// How far the series lie off, measured against the exact quantiles, relatively and in units of 1e-4: a
+    /// slip in the last digit of one constant shows.
+    void Distances()
     {
-        QFETCH(int, gdl1);
-        QFETCH(int, gdl2);
-        QFETCH(double, expected);
-        OnePair table;
-        const double value = ValoreF(static_cast<std::int16_t>(gdl1), static_cast<std::int16_t>(gdl2), table);
-        QVERIFY(std::fabs(value - expected) <= 5e-5);
-        QCOMPARE(table.Asked(), 0);
-    }
-
-    void FisherDistance_data()
-    {
-        QTest::addColumn<int>("gdl1");
-        QTest::addColumn<int>("gdl2");
-        QTest::addColumn<double>("relative"); // measured against the exact quantile, in units of 1e-4
-        QTest::addRow("4, 4") << 4 << 4 << 27.361383369;
-        QTest::addRow("4, 585") << 4 << 585 << 7.704544558;
-        QTest::addRow("8, 8") << 8 << 8 << 4.711925917;
-        QTest::addRow("13, 30") << 13 << 30 << 1.706634230;
-        QTest::addRow("30, 5") << 30 << 5 << 13.589216037;
-        QTest::addRow("100, 4, the worst") << 100 << 4 << 28.040994791;
-        QTest::addRow("100, 585") << 100 << 585 << 0.518745523;
-    }
-
-    void FisherDistance()
-    {
-        QFETCH(int, gdl1);
-        QFETCH(int, gdl2);
-        QFETCH(double, relative);
-        OnePair table;
-        const double value = ValoreF(static_cast<std::int16_t>(gdl1), static_cast<std::int16_t>(gdl2), table);
-        COMPARE_CLOSE((value / ExactF(gdl1, gdl2) - 1) * 1e4, relative, 1e-7);
+        const struct {
+            int gdl1; // 0: of t
+            int gdl2;
+            double relative;
+        } rows[] = {
+            {0, 5, 3.077683816}, // the series' worst
+            {0, 7, 2.874313256},     {0, 15, 2.500297973},  {0, 100, 2.241367684},
+            {0, 32000, 2.198807038}, // the quantile's own error
+            {4, 4, 27.361383369},    {4, 585, 7.704544558}, {8, 8, 4.711925917},
+            {13, 30, 1.706634230},   {30, 5, 13.589216037}, {100, 4, 28.040994791}, // the worst
+            {100, 585, 0.518745523},
+        };
+        for (const auto& [gdl1, gdl2, relative] : rows) {
+            const double exact = gdl1 == 0 ? quantile(boost::math::students_t(gdl2), 0.975)
+                                           : quantile(complement(boost::math::fisher_f(gdl1, gdl2), 0.05));
+            COMPARE_CLOSE(((gdl1 == 0 ? T(gdl2) : F(gdl1, gdl2)) / exact - 1) * 1e4, relative, 1e-7);
+        }
     }
 
     void FisherTable()
@@ -165,12 +106,17 @@ private Q_SLOTS:
         QCOMPARE(table.Asked(), 6);
     }
 
-    void FisherFailures()
+private:
+    static double T(int degrees, int k = 0)
+    {
+        return ValoreT(static_cast<std::int16_t>(degrees + k), static_cast<std::int16_t>(k));
+    }
+    /// Where the table is not asked.
+    static double F(int gdl1, int gdl2)
     {
         OnePair table;
-        VERIFY_FAILS(ValoreF(4, 0, table), FailureKind::DivisionByZero);
-        VERIFY_FAILS(ValoreF(16384, 16384, table), FailureKind::Overflow);
-        QVERIFY(ValoreF(16383, 16384, table) > 1);
+        const double value = ValoreF(static_cast<std::int16_t>(gdl1), static_cast<std::int16_t>(gdl2), table);
+        return table.Asked() == 0 ? value : 0;
     }
 };
 
