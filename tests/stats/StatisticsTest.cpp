@@ -1,7 +1,9 @@
-// Base statistics, confidence limits, normal density and the two tail probabilities: printed reference
-// figures, exact cases, invariants, failures, and the distance from the true distributions as a bound.
+// Base statistics, confidence limits, normal density, the two tail probabilities and the critical values:
+// printed reference figures, exact cases, invariants, failures, and the distance from the true distributions.
 #include "stats/Statistics.h"
 #include "Compare.h"
+#include "stats/CheckedArithmetic.h"
+#include "stats/CriticalValues.h"
 
 #include <QTest>
 
@@ -10,6 +12,8 @@
 #include <boost/math/distributions/students_t.hpp>
 
 #include <algorithm>
+#include <set>
+#include <string>
 #include <vector>
 
 namespace
@@ -28,6 +32,21 @@ double TrueProbT(double t, int gdl)
 {
     return 2 * cdf(complement(boost::math::students_t(gdl), std::fabs(t)));
 }
+
+/// Holds the one pair 2, 7; counts how often it is asked.
+class OnePair : public FTable
+{
+public:
+    std::optional<double> Find(std::int16_t gdl1, std::int16_t gdl2) override
+    {
+        ++m_asked;
+        return gdl1 == 2 && gdl2 == 7 ? std::optional(4.7374) : std::nullopt;
+    }
+    int Asked() const { return m_asked; }
+
+private:
+    int m_asked = 0;
+};
 
 } // namespace
 
@@ -63,16 +82,16 @@ private Q_SLOTS:
         // 2.776 / sqrt(5) = 1.24146...
         const Values five(5);
         const ConfidenceLimits limits = CalcLimConf(five, 100, 1, 0, 2.776);
-        COMPARE_CLOSE(limits.lower, 98.759, 1e-15);
-        COMPARE_CLOSE(limits.upper, 101.241, 1e-15);
-        COMPARE_CLOSE(limits.width, 2.482, 1e-15);
-        COMPARE_CLOSE(limits.percent, 1.241, 1e-15);
-
         // Downward, not toward zero, and percent from the product before its own flooring.
         const ConfidenceLimits negative = CalcLimConf(five, -100, 1, 0, 2.776);
-        COMPARE_CLOSE(negative.percent, -1.242, 1e-15);
-        COMPARE_CLOSE(negative.upper, -98.759, 1e-15);
-        COMPARE_CLOSE(CalcLimConf(five, 0.01, 1, 0, 2.776).percent, 12414.649, 1e-15);
+        for (const auto& [actual, expected] : {std::pair(limits.lower, 98.759),
+                                               {limits.upper, 101.241},
+                                               {limits.width, 2.482},
+                                               {limits.percent, 1.241},
+                                               {negative.percent, -1.242},
+                                               {negative.upper, -98.759},
+                                               {CalcLimConf(five, 0.01, 1, 0, 2.776).percent, 12414.649}})
+            COMPARE_CLOSE(actual, expected, 1e-15);
     }
 
     void Density()
@@ -151,10 +170,106 @@ private Q_SLOTS:
         QCOMPARE(CountOf(Values(32767)), std::int16_t{32767});
         VERIFY_FAILS(BaseOf({5}), FailureKind::DivisionByZero);
         VERIFY_FAILS(BaseOf({}), FailureKind::DivisionByZero); // 0 / 0 counts as a division by zero
-        VERIFY_FAILS(BaseOf({1e200, 1}), FailureKind::Overflow);
         VERIFY_FAILS(SumArray(Values{1e308, 1e308}), FailureKind::Overflow);
         VERIFY_FAILS(CalcLimConf(Values(5), 0, 1, 0, 2), FailureKind::DivisionByZero);
         VERIFY_FAILS(CalcLimConf(Values(), 1, 1, 0, 2), FailureKind::DivisionByZero);
+    }
+
+    void CriticalValues()
+    {
+        QVERIFY(std::fabs(NormalQuantile(0.05) - 1.6452114) < 1e-7);
+        QVERIFY(std::fabs(NormalQuantile(0.025) - 1.9603949) < 1e-7);
+        const struct {
+            int gdl1; // 0: of t
+            int gdl2;
+            double printed;
+        } rows[] = {{0, 1, 12.706},  {0, 2, 4.303},   {0, 3, 3.182},    {0, 4, 2.776},    {0, 5, 2.5714},
+                    {0, 6, 2.4476},  {0, 7, 2.3653},  {0, 8, 2.3066},   {0, 9, 2.2628},   {0, 10, 2.2287},
+                    {0, 20, 2.0865}, {0, 30, 2.0428}, {0, 120, 1.9804}, {4, 4, 6.4057},   {4, 10, 3.4808},
+                    {5, 5, 5.0574},  {5, 10, 3.3277}, {10, 10, 2.9792}, {10, 20, 2.3484}, {20, 20, 2.1245}};
+        for (const auto& [gdl1, gdl2, printed] : rows) {
+            // The small t stand as they are; of the others half of the last printed digit.
+            QVERIFY2(std::fabs(Value(gdl1, gdl2) - printed) <= (gdl1 == 0 && gdl2 < 5 ? 0 : 5e-5),
+                     qPrintable(QString::number(printed)));
+        }
+    }
+
+    /// How far the series lie off, measured against the exact quantiles, relatively and in units of 1e-4: a
+    /// slip in the last digit of one constant shows.
+    void CriticalDistances()
+    {
+        const struct {
+            int gdl1; // 0: of t
+            int gdl2;
+            double relative;
+        } rows[] = {{0, 5, 3.077683816}, // the series' worst
+                    {0, 7, 2.874313256},     {0, 15, 2.500297973},  {0, 100, 2.241367684},
+                    {0, 32000, 2.198807038}, // the quantile's own error
+                    {4, 4, 27.361383369},    {4, 585, 7.704544558}, {8, 8, 4.711925917},
+                    {13, 30, 1.706634230},   {30, 5, 13.589216037}, {100, 585, 0.518745523},
+                    {100, 4, 28.040994791}}; // the worst
+        for (const auto& [gdl1, gdl2, relative] : rows) {
+            const double exact = gdl1 == 0 ? quantile(boost::math::students_t(gdl2), 0.975)
+                                           : quantile(complement(boost::math::fisher_f(gdl1, gdl2), 0.05));
+            COMPARE_CLOSE((Value(gdl1, gdl2) / exact - 1) * 1e4, relative, 1e-7);
+        }
+    }
+
+    void CriticalFailures()
+    {
+        QCOMPARE_EQ(ValoreT(12, 2), ValoreT(17, 7)); // the difference alone counts
+        QVERIFY(std::isfinite(ValoreT(1, 6)));
+        VERIFY_FAILS(ValoreT(3, 3), FailureKind::DivisionByZero);
+        VERIFY_FAILS(ValoreT(-32768, 1), FailureKind::Overflow);
+        QVERIFY(Value(16383, 16384) > 1);
+        VERIFY_FAILS(Value(16384, 16384), FailureKind::Overflow);
+        VERIFY_FAILS(Value(4, 0), FailureKind::DivisionByZero);
+    }
+
+    void FisherTable()
+    {
+        OnePair table;
+        QCOMPARE_EQ(ValoreF(2, 7, table), 4.7374);
+        QCOMPARE_EQ(ValoreF(2, 8, table), 3.0);
+        const double beyond[] = {0, 0, 3.84, 3, 2.6};
+        for (std::int16_t gdl1 = -1; gdl1 <= 3; ++gdl1)
+            QCOMPARE_EQ(ValoreF(gdl1, 8, table), beyond[gdl1 + 1]);
+        QCOMPARE(table.Asked(), 7);
+    }
+
+    void Arithmetic()
+    {
+        const Real large = 1e308;
+        VERIFY_FAILS(-large - large, FailureKind::Overflow);
+        VERIFY_FAILS(large * large, FailureKind::Overflow);
+        VERIFY_FAILS(large / 0.1, FailureKind::Overflow);
+        VERIFY_FAILS(Power(large, 2.0), FailureKind::Overflow);
+        VERIFY_FAILS(Exp(710.0), FailureKind::Overflow);
+        VERIFY_FAILS(Sqrt(-1e-300), FailureKind::InvalidArgument);
+        VERIFY_FAILS(Ln(0.0), FailureKind::InvalidArgument);
+        VERIFY_FAILS(Power(0.0, -1.0), FailureKind::InvalidArgument);
+        VERIFY_FAILS(Power(-8.0, 1.0 / 3), FailureKind::InvalidArgument);
+        QCOMPARE_EQ(Power(-2.0, 3.0).Value(), -8.0);
+    }
+
+    /// The numbers are given; no two texts are the same.
+    void Kinds()
+    {
+        std::set<std::string> texts;
+        for (const int number : {5, 6, 11, 13, 53, 57, 61, 62, 70, 75, 76, 1025, 3024, 3027, 3078, 3163})
+            texts.insert(RuntimeFailure(FailureKind{number}).Text());
+        QVERIFY(texts.size() == 16 && !texts.contains(""));
+    }
+
+private:
+    /// Of t for a gdl1 of 0, else of F, where the table is not asked.
+    static double Value(int gdl1, int gdl2)
+    {
+        OnePair table;
+        const auto degrees = static_cast<std::int16_t>(gdl2);
+        const double value =
+            gdl1 == 0 ? ValoreT(degrees, 0) : ValoreF(static_cast<std::int16_t>(gdl1), degrees, table);
+        return table.Asked() == 0 ? value : 0;
     }
 };
 
