@@ -20,7 +20,6 @@
 #include <QTabBar>
 #include <QTest>
 #include <QToolBar>
-#include <QWheelEvent>
 
 #include <algorithm>
 #include <iterator>
@@ -140,47 +139,43 @@ void Story::Start()
         QTest::qFail("the frame is not shown", __FILE__, __LINE__);
 }
 
+Story::Step Story::Parsed(const QString& line) const
+{
+    QString step = line.section(u' ', 1);
+    if (step.startsWith(u'(') && step.endsWith(u')'))
+        step = step.sliced(1).chopped(1);
+    QStringList words = Words(step);
+    words.replaceInStrings(u"HOME/"_s, m_home->path() + u'/');
+    const QString verb = words.takeFirst();
+    return {verb, words, line};
+}
+
 QString Story::Tell()
 {
-    QList<std::pair<Step, QList<Step>>> steps;
-    const QStringList lines = m_text.split(u'\n');
+    const QStringList lines = m_text.chopped(1).split(u'\n');
     for (qsizetype i = 0; i < lines.size(); ++i) {
         const QString& line = lines[i];
-        if (line.isEmpty() || line.startsWith(u'#')) {
-            // An empty line inside what a step changed can't be: each change is a line with something in it.
-            if (!line.isEmpty() || (i + 1 < lines.size()))
-                m_told += line;
+        if (line.isEmpty() || line.startsWith(u'#'))
+            m_told += line;
+        if (!line.startsWith(u"> "))
             continue;
-        }
-        if (!line.startsWith(u'>') || line.startsWith(u">>"))
-            continue;
-        const auto parsed = [this](const QString& from) {
-            QString step = from.section(u' ', 1);
-            if (step.startsWith(u'(') && step.endsWith(u')'))
-                step = step.sliced(1).chopped(1);
-            QStringList words = Words(step);
-            words.replaceInStrings(u"HOME/"_s, m_home->path() + u'/');
-            const QString verb = words.takeFirst();
-            return Step{verb, words, from};
-        };
         for (qsizetype next = i + 1; next < lines.size() && !lines[next].startsWith(u"> "); ++next) {
             if (lines[next].startsWith(u">> "))
-                m_inside += parsed(lines[next]);
+                m_inside += Parsed(lines[next]);
         }
         m_told += line;
         m_look.start(0);
         m_waits = line.startsWith(u"> rightclick"); // other menus let a step go on
-        Do(parsed(line));
+        Do(Parsed(line));
         m_waits = false;
         Settle(m_program == nullptr ? nullptr : &m_program->Window());
         m_look.stop();
-        if (line.endsWith(u')')) { // told elsewhere
-            m_before = World();
-            continue;
-        }
         for (const Step& step : std::exchange(m_inside, {}))
             m_told += u"NO DIALOG FOR "_s + step.line;
-        TellChanges(1);
+        if (line.endsWith(u')')) // told elsewhere
+            m_before = World();
+        else
+            TellChanges();
     }
     m_program.reset();
     return m_told.join(u'\n') + u'\n';
@@ -247,26 +242,26 @@ void Story::DoInDialogs()
 Picture Story::World() const
 {
     Picture world;
-    const auto tell = [&world](const QString& what, const QString& text, int depth = 0,
-                               const QString& within = {}) {
-        world.append({within + u'/' + what, text.isEmpty() ? what : what + u' ' + text, depth});
+    const auto tell = [&world](const QString& what, const QString& text) {
+        world.append({u'/' + what, text.isEmpty() ? what : what + u' ' + text});
     };
     if (m_program != nullptr && m_program->Window().isVisible()) {
+        const MainWindow& window = m_program->Window();
         const QWidget* focus = QApplication::focusWidget();
         const auto* field = qobject_cast<const QLineEdit*>(focus);
-        if (field != nullptr && qobject_cast<GridView*>(field->parentWidget()->parentWidget()) != nullptr)
+        const auto* grid =
+            field == nullptr ? nullptr : qobject_cast<GridView*>(field->parentWidget()->parentWidget());
+        if (grid != nullptr)
             tell(u"typing"_s,
-                 u'"' + field->text() + u'"' + (field->hasSelectedText() ? u" selected"_s : QString()));
-        tell(u"focus"_s, focus == nullptr ? u"nowhere"_s
-                         : field != nullptr && field->objectName().isEmpty()
-                             ? focus->parentWidget()->parentWidget()->objectName()
-                             : focus->objectName());
-        const QMdiSubWindow* active = m_program->Window().findChild<QMdiArea*>()->currentSubWindow();
+                 Quoted(field->text()) + (field->hasSelectedText() ? u" selected"_s : QString()));
+        const QWidget* named = grid != nullptr ? grid : focus;
+        tell(u"focus"_s, named == nullptr ? u"nowhere"_s : named->objectName());
+        const QMdiSubWindow* active = window.findChild<QMdiArea*>()->currentSubWindow();
         const bool waits = active != nullptr && active->widget()->cursor().shape() == Qt::WaitCursor;
         tell(u"pointer"_s, waits ? u"hourglass"_s : u"arrow"_s);
-        if (m_program->Window().size() != kFrame)
-            tell(u"size"_s, u"%1 x %2"_s.arg(m_program->Window().width()).arg(m_program->Window().height()));
-        world += PictureOf(&m_program->Window());
+        if (window.size() != kFrame)
+            tell(u"size"_s, u"%1 x %2"_s.arg(window.width()).arg(window.height()));
+        world += PictureOf(&window);
         if (const auto* popup = QApplication::activePopupWidget()) {
             tell(u"popup"_s, {});
             for (const PictureLine& line : PictureOf(popup))
@@ -276,35 +271,36 @@ Picture Story::World() const
         tell(u"ended"_s, {});
     }
     const QImage picture = QGuiApplication::clipboard()->image();
-    QString copied = QGuiApplication::clipboard()->text();
-    copied.replace(u'\n', u"\\n"_s).replace(u'\t', u"\\t"_s);
     tell(u"clipboard"_s, picture.isNull()
-                             ? u'"' + copied + u'"'
+                             ? Quoted(QGuiApplication::clipboard()->text())
                              : u"a picture, %1 x %2"_s.arg(picture.width()).arg(picture.height()));
     tell(u"beeps"_s, QString::number(g_beeps));
-    QDirIterator files(m_home->path(), QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
+    return world + Files();
+}
+
+Picture Story::Files() const
+{
     QMap<QString, QString> found;
+    QDirIterator files(m_home->path(), QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
     while (files.hasNext()) {
         const QString name = files.next();
-        if (!name.endsWith(u".MDB"_s) && !name.contains(u"/.config/"_s) && !name.contains(u"/.cache/"_s))
-            found.insert(Cleaned(name), name);
-    }
-    for (auto file = found.begin(); file != found.end(); ++file) {
-        QFile content(file.value());
-        const bool opened = content.open(QIODevice::ReadOnly);
-        const QByteArray bytes = content.readAll();
-        const bool plain =
-            opened && !bytes.contains('\0') && !bytes.startsWith("%PDF") && !bytes.startsWith("<?xml");
+        if (name.endsWith(u".MDB"_s) || name.contains(u"/.config/"_s) || name.contains(u"/.cache/"_s))
+            continue;
+        QFile file(name);
+        const QByteArray bytes = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray(1, '\0');
+        const bool plain = !bytes.contains('\0') && !bytes.startsWith("%PDF") && !bytes.startsWith("<?xml");
         QString text = plain ? QString::fromLatin1(bytes).replace(u'\r', u'$') : u"binary"_s;
         if (text.endsWith(u'\n'))
             text.chop(1);
-        tell(u"file"_s, file.key() + BarredLines(text));
-        world.last().key += file.key();
+        found.insert(Cleaned(name), BarredLines(text));
     }
-    return world;
+    Picture picture;
+    for (auto file = found.begin(); file != found.end(); ++file)
+        picture.append({u"/file"_s + file.key(), u"file "_s + file.key() + file.value()});
+    return picture;
 }
 
-void Story::TellChanges(int depth)
+void Story::TellChanges()
 {
     Picture now = World();
     // Where the program has ended, a later start is compared with what was there before.
@@ -315,7 +311,7 @@ void Story::TellChanges(int depth)
         });
     }
     for (const QString& change : Changes(m_before, now))
-        m_told += Cleaned(QString(2 * depth, u' ') + change);
+        m_told += Cleaned(u"  "_s + change);
     m_before = now;
 }
 

@@ -36,6 +36,7 @@ private:
         QString line;
     };
 
+    Step Parsed(const QString& line) const;
     void Start();
     void Do(const Step& step);
     void Run(const Step& step);
@@ -44,7 +45,8 @@ private:
     void TellDialog(QWidget* dialog);
     /// Everything that a user could see, hear or find on the disk.
     Picture World() const;
-    void TellChanges(int depth);
+    Picture Files() const;
+    void TellChanges();
     QString Cleaned(QString text) const;
 
     QWidget* Window() const;

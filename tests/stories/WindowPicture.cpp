@@ -39,15 +39,10 @@
 
 using namespace Qt::StringLiterals;
 
-namespace
-{
-
 QString Quoted(QString text)
 {
     return u'"' + text.replace(u'\n', u"\\n"_s).replace(u'\t', u"\\t"_s) + u'"';
 }
-
-} // namespace
 
 QString BarredLines(const QString& text)
 {

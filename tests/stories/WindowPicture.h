@@ -14,6 +14,9 @@ struct PictureLine {
 
 using Picture = QList<PictureLine>;
 
+/// A text in quotation marks, on one line.
+QString Quoted(QString text);
+
 /// A text below the control that shows it, each line behind a bar.
 QString BarredLines(const QString& text);
 
