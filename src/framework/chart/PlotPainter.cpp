@@ -62,7 +62,6 @@ PlotPainter::PlotPainter()
       m_title(new QCPTextElement(m_plot.get())),
       m_footnote(new QCPTextElement(m_plot.get()))
 {
-    m_plot->setNoAntialiasingOnDrag(false);
     m_plot->setAntialiasedElements(QCP::aeAll);
     m_plot->setAutoAddPlottableToLegend(false);
     m_plot->legend->setFont(ChartFont(kNumberPoints));
@@ -115,7 +114,6 @@ void PlotPainter::ShowAxis(QCPAxis* axis, const ChartAxis& data) const
 {
     axis->setVisible(data.visible);
     axis->setLabel(data.title);
-    axis->grid()->setVisible(data.visible);
 }
 
 void PlotPainter::PlaceLegend(bool shown)

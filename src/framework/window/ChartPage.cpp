@@ -37,5 +37,4 @@ void ChartPage::Enlarge(ChartView* chart)
         m_charts, [chart](const ChartView* other) { return other == chart || other->isHidden(); });
     for (ChartView* other : std::as_const(m_charts))
         other->setVisible(alone || other == chart);
-    chart->setFocus();
 }

@@ -4,6 +4,9 @@
 #include "ChartPicture.h"
 #include "ChartStory.h"
 #include "TestWorld.h"
+#include "framework/MadeUpDocument.h"
+#include "framework/window/ChartPage.h"
+#include "validation/repeatability/PrecDocument.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -36,6 +39,12 @@ public:
     QString answer;
     QStringList told;
 };
+
+QByteArray PictureOf(QWidget& view)
+{
+    return SvgOf(view.size(),
+                 [&view](QPaintDevice& device) { view.render(&device, {}, {}, QWidget::DrawChildren); });
+}
 
 struct PaintCount : QObject {
     bool eventFilter(QObject* /*object*/, QEvent* event) override
@@ -121,9 +130,7 @@ private:
 
     QStringList Seen()
     {
-        m_picture = ReadPicture(SvgOf(m_view->size(), [this](QPaintDevice& device) {
-            m_view->render(&device, {}, {}, QWidget::DrawChildren);
-        }));
+        m_picture = ReadPicture(PictureOf(*m_view));
         QStringList seen = m_picture.lines;
         seen += u"described: "_s + m_view->accessibleDescription();
         if (m_view->cursor().shape() != Qt::ArrowCursor)
@@ -274,15 +281,46 @@ private Q_SLOTS:
         chart.rows = {{0, 0}, {1, 1}};
         view.ShowChart(chart);
         view.resize(400, 300);
-        const auto picture = [&view] {
-            return ReadPicture(SvgOf(view.size(), [&view](QPaintDevice& device) { view.render(&device); }))
-                .lines;
-        };
+        const auto picture = [&view] { return ReadPicture(PictureOf(view)).lines; };
         const QStringList once = picture();
         QVERIFY2(once.join(u' ').contains(u"Il modulo dei grafici non può"), qPrintable(once.join(u'\n')));
         view.ShowChart(chart); // says so again, and fails no differently
         QCOMPARE(picture(), once);
         VERIFY_FAILS(CreateChartPainter(u"/nowhere"_s), FailureKind::FileNotFound);
+    }
+
+    /// What is seen stays until the charts show something else; the one that takes the page has the focus.
+    void OnePageForTwo()
+    {
+        TestWorld world;
+        world.define.ProgramFolder = QStringLiteral(QUOREL_TEST_PROGRAM);
+        const auto document = MakeDocument<MadeUpDocument>(world.Context());
+        ChartPage page(*document, u"Grafici"_s);
+        page.resize(640, 300);
+        page.show();
+        QVERIFY(QTest::qWaitForWindowActive(&page));
+        document->Grid().SetValue(0, 0, 5);
+        document->Calc();
+        page.Refresh();
+        auto* second = page.findChild<ChartView*>(u"VtGrafProp"_s);
+        const auto range = [second] { return ReadPicture(PictureOf(*second)).lines.value(2); };
+        QCOMPARE(range().section(u',', 0, 0), u"x 1 to 2"_s);
+        QTest::keyClick(second, Qt::Key_Plus);
+        const QString zoomed = range();
+        page.Refresh();
+        QCOMPARE(range(), zoomed);
+        document->Calc();
+        page.Refresh();
+        QCOMPARE(range().section(u',', 0, 0), u"x 1 to 2"_s);
+        page.findChild<ChartView*>(u"VtGrafRegr"_s)->setFocus();
+        QTest::keyClick(second, Qt::Key_Return);
+        QVERIFY(second->hasFocus());
+        QTRY_COMPARE(second->width(), page.width());
+        const auto alone = MakeDocument<PrecDocument>(world.Context());
+        ChartPage one(*alone, u"Grafico"_s);
+        QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
+        QApplication::sendEvent(one.findChild<ChartView*>(), &enter);
+        QVERIFY(!enter.isAccepted()); // nothing to enlarge
     }
 };
 
