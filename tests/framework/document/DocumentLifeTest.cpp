@@ -3,6 +3,7 @@
 #include "framework/document/DocumentLife.h"
 #include "Compare.h"
 #include "TestWorld.h"
+#include "validation/DocumentFactory.h"
 #include "validation/limits/LimiDocument.h"
 
 #include <QTemporaryDir>
@@ -27,18 +28,65 @@ private Q_SLOTS:
 
     void Registry()
     {
-        QStringList keys;
-        QStringList filters;
+        QStringList tests;
         for (const TestInfo& info : TestRegistry()) {
-            keys += info.key;
-            filters += info.Filter();
+            QVERIFY(FindTest(info.key) == &info && FindTestOfFile(u"a.b/lotto."_s + info.extension) == &info);
+            tests += QStringList{info.key,      info.windowClass, info.TitleNoFile(),
+                                 info.Filter(), info.guideTitle,  info.panel}
+                         .join(u';');
         }
-        QCOMPARE(keys.join(u' '), u"SPEC TARA PREC ACCU LIMI RIPR PRIN"_s);
-        QCOMPARE(filters[2], u"Precisione (*.PRE)|*.PRE"_s);
-        QCOMPARE(FindTest("PREC")->TitleNoFile(), u"Ripetibilità - no file"_s);
-        QCOMPARE(FindTestOfFile(u"a.b/lotto.spc")->key, "SPEC"_L1);
-        QCOMPARE(FindTestOfFile(u"SPC"), nullptr);
-        QCOMPARE(FindTestOfFile(u"lotto.SPCX"), nullptr);
+        const QStringList expected = {
+            u"SPEC;Spec;Specificità - no file;Specificità (*.SPC)|*.SPC;Specificità;Spec"_s,
+            u"TARA;Tara;Taratura - no file;Taratura (*.TAR)|*.TAR;Taratura;Tara"_s,
+            u"PREC;Prec;Ripetibilità - no file;Precisione (*.PRE)|*.PRE;Precisione;Ripe"_s,
+            u"ACCU;Accu;Accuratezza - no file;Accuratezza (*.ACC)|*.ACC;Accuratezza;Accu"_s,
+            u"LIMI;Limi;Limiti - no file;Limiti (*.LIM)|*.LIM;Limiti;Limi"_s,
+            u"RIPR;Ripr;Riproducibilità - no file;Riproducibilità (*.RIP)|*.RIP;Riproducibilità;Ripr"_s,
+            u"PRIN;Prin;Precisione intermedia - no file;Precisione intermedia (*.PRI)|*.PRI;"
+            "Precisione intermedia;Prin"_s};
+        QCOMPARE(tests, expected);
+        QCOMPARE(FindTestOfFile(u"lotto.spc")->key, "SPEC"_L1);
+        for (const auto none : {u"SPC", u"lotto.SPCX", u"lotto.SP", u"lotto.spc.txt", u""})
+            QVERIFY(!FindTestOfFile(none) && !FindTest(none));
+        QVERIFY(!FindTest("spec"));
+        // Those that the program does not have yet are known by name alone.
+        QVERIFY(!CreateDocument("TARA", m_world->Context()) && CreateDocument("LIMI", m_world->Context()));
+    }
+
+    /// For another file than a document's the dialog has other settings.
+    void DialogIsGivenBack()
+    {
+        ScriptedDialog& dialog = m_world->dialog;
+        const auto settings = [&] {
+            return QStringList{dialog.FileName, dialog.InitDir, dialog.DefaultExt, dialog.Filter}.join(u' ');
+        };
+        dialog.FileName = u"a.LIM"_s;
+        SetFileDialog(m_world->Context(), m_document->Info());
+        const QString before = settings();
+        {
+            const KeepDialog keep(dialog);
+            dialog.FileName = dialog.InitDir = dialog.DefaultExt = dialog.Filter = u"png"_s;
+        }
+        QCOMPARE(settings(), before);
+    }
+
+    /// The hourglass while a file is read or written, whatever comes of it.
+    void Hourglass()
+    {
+        QString shown;
+        QObject::connect(m_document.get(), &TestDocument::Pointer, m_document.get(),
+                         [&](bool hourglass) { shown += hourglass ? u'+' : u'-'; });
+        m_world->dialog.WillChoose(DataFile(u"one-to-five.LIM"_s));
+        QVERIFY(OpenDocument(*m_document));
+        QCOMPARE(std::exchange(shown, {}), u"++--"_s);
+        m_world->dialog.WillChoose(m_folder->filePath(u"none.LIM"_s));
+        QVERIFY(OpenDocument(*m_document));
+        QCOMPARE(std::exchange(shown, {}), u"++-"_s); // the calculation leaves it on
+        for (const QString& name : {m_file, m_folder->path()}) {
+            m_world->dialog.WillChoose(name);
+            SaveDocumentAs(*m_document);
+            QCOMPARE(std::exchange(shown, {}), u"+-"_s);
+        }
     }
 
     void CloseAsks_data()
@@ -71,6 +119,8 @@ private Q_SLOTS:
         m_world->messages.WillAnswer(Answer{answer});
         m_world->dialog.WillChoose(saveAs.isEmpty() ? saveAs : m_folder->filePath(saveAs));
         QCOMPARE(CloseDocument(*m_document), closes);
+        for (const ScriptedMessages::Shown& asked : m_world->messages.All())
+            QVERIFY(asked.icon == MessageIcon::Exclamation && asked.title == u"Quorel 2006");
         QCOMPARE(m_world->messages.TakeOnly(), changed == 0 ? u"0 messages"_s : kQuestion);
         QCOMPARE(QFile::exists(m_folder->filePath(u"saved.LIM"_s)), saved);
         QCOMPARE(m_document->IsModify(), changed != 0 && !saved);
@@ -216,10 +266,12 @@ private Q_SLOTS:
         m_document->SetIsModify(false);
         m_world->dialog.WillChoose(file);
         SaveDocument(*m_document);
-        const QString told = m_world->messages.TakeOnly();
-        QVERIFY2(told.contains(u"U.M. della conc. dell'analita"_s) && told.contains(u"Ω"_s) &&
-                     told.contains(file),
-                 qPrintable(told));
+        const ScriptedMessages::Shown& told = m_world->messages.All().constFirst();
+        QVERIFY(told.icon == MessageIcon::Critical && told.title == u"Quorel 2006");
+        QCOMPARE(
+            m_world->messages.TakeOnly(),
+            u"Il documento non è stato salvato nel file\n%1\n\nIl campo \"U.M. della conc. dell'analita\" "
+            "contiene il carattere \"Ω\", che non può stare in un file di dati."_s.arg(file));
         QCOMPARE(BytesOf(file), "former");
         QVERIFY(m_document->IsModify());
         QCOMPARE(m_document->Title(), u"Limiti - no file"_s);

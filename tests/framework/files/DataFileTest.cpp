@@ -2,6 +2,7 @@
 #include "Compare.h"
 #include "FullDisk.h"
 #include "OrdinaryUser.h"
+#include "SyncLog.h"
 #include "TestWorld.h"
 #include "framework/files/CodePage.h"
 #include "framework/files/DataFileReader.h"
@@ -13,35 +14,9 @@
 
 #include <functional>
 
-#include <sys/syscall.h>
 #include <unistd.h>
 
 using namespace Qt::StringLiterals;
-
-namespace
-{
-
-/// What was written out to the disk, and what the file stood at then.
-struct Sync {
-    QString name;
-    QByteArray target;
-};
-QList<Sync> syncs;
-QString watched;
-bool failSync = false;
-
-} // namespace
-
-/// In the place of the system's own.
-extern "C" int fsync(int descriptor)
-{
-    if (failSync) {
-        errno = EIO;
-        return -1;
-    }
-    syncs.append({QFile::symLinkTarget(u"/proc/self/fd/%1"_s.arg(descriptor)), BytesOf(watched)});
-    return static_cast<int>(::syscall(SYS_fsync, descriptor));
-}
 
 class DataFileTest : public QObject
 {
@@ -53,9 +28,7 @@ private Q_SLOTS:
         FailOnWarnings();
         m_folder = std::make_unique<QTemporaryDir>();
         m_file = m_folder->filePath(u"file.LIM"_s);
-        watched = m_file;
-        syncs.clear();
-        failSync = false;
+        syncLog = {.watched = m_file};
     }
 
     void FieldsAndLines()
@@ -110,7 +83,7 @@ private Q_SLOTS:
         VERIFY_FAILS(DataFileReader(m_file), FailureKind::PermissionDenied);
     }
 
-    void EveryByteComesBack()
+    void CodePage()
     {
         QByteArray bytes;
         for (int c = 0; c < 256; ++c)
@@ -118,10 +91,8 @@ private Q_SLOTS:
         const QString text = FromCodePage(bytes);
         QVERIFY(text.size() == 256 && text[0x80] == u'€' && text[0xe0] == u'à');
         QCOMPARE(ToCodePage(text, u""), bytes);
-    }
 
-    void CharactersThatTheFileLacks()
-    {
+        // Each with the character that the code page lacks.
         const QString half(QChar(0xd800));
         const std::pair<QString, QString> rows[] = {
             {u"10 Ω"_s, u"Ω"_s},
@@ -129,9 +100,9 @@ private Q_SLOTS:
             {u"è \U0001F600"_s, u"\U0001F600"_s},
             {u"è"_s + half, QString::fromStdString(half.toStdString())},
         };
-        for (const auto& [text, lacking] : rows)
+        for (const auto& [unwritable, lacking] : rows)
             QCOMPARE(
-                FailureOf([&] { ToCodePage(text, u"Analita"); }),
+                FailureOf([&] { ToCodePage(unwritable, u"Analita"); }),
                 u"5: Il campo \"Analita\" contiene il carattere \"%1\", che non può stare in un file di dati"_s
                     .arg(lacking));
     }
@@ -153,12 +124,11 @@ private Q_SLOTS:
         QVERIFY(WriteBytes(m_file, QByteArray(100000, 'x')));
         const QByteArray bytes = QByteArray(70000, 'a') + "\0b"_ba;
         WriteSafeFile(m_file, bytes);
-        QCOMPARE(BytesOf(m_file), bytes);
-        QCOMPARE(syncs.size(), 2);
-        QVERIFY2(syncs[0].name.startsWith(m_folder->path() + u'/') &&
-                     syncs[0].target == QByteArray(100000, 'x'),
-                 qPrintable(syncs[0].name));
-        QVERIFY2(syncs[1].name == m_folder->path() && syncs[1].target == bytes, qPrintable(syncs[1].name));
+        QCOMPARE(syncLog.syncs.size(), 2);
+        QVERIFY(syncLog.syncs[0].name.startsWith(m_folder->path() + u'/'));
+        QCOMPARE(syncLog.syncs[0].watched, QByteArray(100000, 'x'));
+        QCOMPARE(syncLog.syncs[1].name, m_folder->path());
+        QCOMPARE(syncLog.syncs[1].watched, bytes);
         WriteSafeFile(m_file, {});
         QCOMPARE(BytesOf(m_file), QByteArray());
     }
@@ -184,7 +154,7 @@ private Q_SLOTS:
             QString failure;
         } rows[] = {
             {[](int) {}, {}},
-            {[](int) { failSync = true; }, u"57: Errore di lettura o scrittura (Input/output error)"_s},
+            {[](int) { syncLog.fails = true; }, u"57: Errore di lettura o scrittura (Input/output error)"_s},
             {[](int file) { ::pwrite(file, "y", 1, 7); }, unlike},
             {[](int file) { ::pwrite(file, "x", 1, 50000); }, unlike},
             {[](int file) { static_cast<void>(::ftruncate(file, 49999)); }, unlike},
@@ -207,6 +177,9 @@ private Q_SLOTS:
                 obstacle(next);
                 told = FailureOf([&] { file.Commit(); });
             }
+            const int after = ::dup(STDERR_FILENO);
+            ::close(after);
+            QCOMPARE(after, next); // all that was open is closed
             QCOMPARE(told, failure);
             QFile::setPermissions(m_folder->path(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
             if (QFileInfo(m_file).isFile()) // else the obstacle took it away

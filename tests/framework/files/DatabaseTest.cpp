@@ -57,34 +57,34 @@ private Q_SLOTS:
         QVERIFY(file.remove() && QFile::copy(QStringLiteral(QUOREL_TEST_DATABASE), file.fileName()));
         QVERIFY(other.Find(1, 5));                  // tried again each time
         QVERIFY(file.remove() && other.Find(1, 6)); // read once, and kept
-    }
 
-    /// A table that ends in the middle is not taken for the whole.
-    void DamagedFileFails()
-    {
-        const QTemporaryDir folder;
-        QFile file(folder.filePath(u"damaged.MDB"_s));
-        QVERIFY(QFile::copy(QStringLiteral(QUOREL_TEST_DATABASE), file.fileName()));
-        QVERIFY(file.open(QIODevice::ReadWrite));
+        // One that ends in the middle is not taken for the whole.
+        QVERIFY(QFile::copy(QStringLiteral(QUOREL_TEST_DATABASE), file.fileName()) &&
+                file.open(QIODevice::ReadWrite));
         const QByteArray zeros(file.size() / 4, '\0');
         QVERIFY(file.seek(file.size() - zeros.size()) && file.write(zeros) == zeros.size());
         file.close();
-        DatabaseFTable table(file.fileName());
-        VERIFY_FAILS(table.Find(1, 5), FailureKind::DatabaseNotOpen);
+        VERIFY_FAILS(DatabaseFTable(file.fileName()).Find(1, 5), FailureKind::DatabaseNotOpen);
+    }
+
+    void NoCompany()
+    {
+        const QTemporaryDir folder;
+        const QString file = folder.filePath(u"empty.MDB"_s);
+        QVERIFY(QFile::copy(QStringLiteral(QUOREL_TEST_DATABASE), file));
+        QSqlDatabase database = QSqlDatabase::addDatabase(u"QSQLITE"_s);
+        database.setDatabaseName(file);
+        QVERIFY(database.open() && QSqlQuery(database).exec(u"DELETE FROM Anagrafica"_s));
+        VERIFY_FAILS(ReadCompany(file), FailureKind::TableNotFound);
+        VERIFY_FAILS(WriteCompany(file, {}), FailureKind::TableNotFound);
     }
 
     void AskedFromTwoThreads()
     {
         DatabaseFTable table(QStringLiteral(QUOREL_TEST_DATABASE));
-        const auto missing = [&table] {
-            int count = 0;
-            for (std::int16_t gdl2 = 1; gdl2 <= 1000; ++gdl2)
-                count += table.Find(1, gdl2) ? 0 : 1;
-            return count;
-        };
-        auto one = std::async(std::launch::async, missing);
-        auto other = std::async(std::launch::async, missing);
-        QCOMPARE(one.get() + other.get(), 0);
+        auto one = std::async(std::launch::async, [&] { return table.Find(1, 5); });
+        auto other = std::async(std::launch::async, [&] { return table.Find(1, 6); });
+        QVERIFY(one.get() && other.get());
     }
 };
 

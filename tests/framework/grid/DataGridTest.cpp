@@ -109,6 +109,101 @@ private Q_SLOTS:
         QCOMPARE_EQ(grid.TextNumber(0, 0), 0.1234);
     }
 
+    /// What the program fills in reaches the views, too, once a redraw has ended.
+    void ViewsAreTold()
+    {
+        DataGrid grid(u"."_s);
+        FillWithPlaces(grid, 3, 2);
+        const QSignalSpy cells(&grid, &QAbstractItemModel::dataChanged);
+        const QSignalSpy headers(&grid, &QAbstractItemModel::headerDataChanged);
+        const QSignalSpy reset(&grid, &QAbstractItemModel::modelReset);
+        const auto told = [&] {
+            const QModelIndex first = cells.last()[0].toModelIndex();
+            const QModelIndex last = cells.last()[1].toModelIndex();
+            return u"%1 %2 to %3 %4"_s.arg(first.row())
+                .arg(first.column())
+                .arg(last.row())
+                .arg(last.column());
+        };
+        grid.SetValue(2, 1, 7);
+        QCOMPARE(told(), u"2 1 to 2 1"_s);
+        grid.SetLocked(0, 1, true);
+        QCOMPARE(told(), u"0 1 to 0 1"_s);
+        grid.Edits().ClearBlock({.row = 1, .col = 0, .rows = 2, .cols = 2});
+        QCOMPARE(told(), u"1 0 to 2 1"_s);
+        grid.SetColumnHeader(1, u"B"_s);
+        QCOMPARE(headers.last().sliced(1), (QVariantList{1, 1}));
+        grid.Edits().SetHeadersEditable(true);
+        grid.Edits().PasteHeaders(0, u"3\t4"_s);
+        QCOMPARE(headers.last().sliced(1), (QVariantList{0, 1}));
+        {
+            const DataGrid::Redraw redraw(grid);
+            grid.SetValue(0, 0, 1);
+            grid.SetColumnHeader(0, u"A"_s);
+            grid.Edits().PasteHeaders(0, u"5"_s);
+            grid.SetSize(2, 2);
+            grid.Clear();
+            QCOMPARE(reset.size(), 0);
+        }
+        QCOMPARE(reset.size(), 1);
+        QCOMPARE(cells.size() * 10 + headers.size(), 32);
+        grid.SetSize(2, 2); // as it is
+        QCOMPARE(reset.size(), 1);
+        grid.FillEmptyWithZero();
+        grid.UnlockAll();
+        grid.SetDigits({.interi = 2, .decimali = 1});
+        QCOMPARE(reset.size(), 4);
+    }
+
+    void WhatACellShows()
+    {
+        DataGrid grid(u"."_s);
+        grid.SetSize(1, 1);
+        grid.SetValue(0, 0, 1.26);
+        grid.SetDigits({.interi = 3, .decimali = 1});
+        const QModelIndex cell = grid.index(0, 0);
+        QCOMPARE(cell.data(Qt::EditRole).toString(), u"1.3"_s);
+        QCOMPARE_EQ(cell.data(DataGrid::NumberRole).toDouble(), 1.26);
+        QCOMPARE(cell.data(Qt::TextAlignmentRole).toInt(), int(Qt::AlignRight | Qt::AlignVCenter));
+        QVERIFY(!cell.data(Qt::ToolTipRole).isValid() && !grid.data({}).isValid());
+        QVERIFY(cell.flags() ==
+                (Qt::ItemIsSelectable | Qt::ItemIsEnabled | Qt::ItemIsEditable | Qt::ItemNeverHasChildren));
+        QVERIFY(!grid.setData(cell, u"2"_s, Qt::DisplayRole) && !grid.setHeaderData(0, Qt::Vertical, u"2"_s));
+        QCOMPARE(grid.rowCount(cell) + grid.columnCount(cell), 0);
+    }
+
+    /// The oldest steps go where all together hold too many cells.
+    void HistoryHasAnEnd()
+    {
+        DataGrid grid(u"."_s);
+        const auto takenBack = [&] {
+            int steps = 0;
+            while (grid.Edits().Undo())
+                ++steps;
+            return steps;
+        };
+        const auto type = [&](const QString& first, const QString& second) {
+            return grid.Edits().TypeText(0, 0, first) && grid.Edits().TypeText(0, 0, second);
+        };
+        grid.SetSize(1024, 512);
+        QVERIFY(type(u"1"_s, u"2"_s));
+        grid.Edits().ChangeSize(grid.Cells()); // as many cells before and after as a history holds
+        QCOMPARE(takenBack(), 1);
+        grid.Edits().Redo();
+        QVERIFY(type(u"3"_s, u"4"_s)); // the size went with the first of them
+        QCOMPARE(takenBack(), 2);
+        QVERIFY(type(u"5"_s, u"6"_s)); // in the place of those that were taken back
+        QCOMPARE(takenBack(), 2);
+        grid.Edits().ChangeSize(grid.Cells());
+        grid.Edits().ForgetHistory();
+        QVERIFY(type(u"7"_s, u"8"_s));
+        QCOMPARE(takenBack(), 2);
+        grid.Edits().ChangeSize(grid.Cells());
+        QCOMPARE(takenBack(), 1);
+        QVERIFY(type(u"9"_s, u"1"_s)); // no weight is left of what was taken back
+        QCOMPARE(takenBack(), 2);
+    }
+
     void EmptyCellsAreNoNumbers()
     {
         DataGrid grid(u"."_s);
