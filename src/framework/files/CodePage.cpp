@@ -40,7 +40,6 @@ QString FirstLacking(const QString& text)
         const QString character = text.mid(i, length);
         if (!Encode(character))
             return character;
-        i += length - 1;
     }
     return text;
 }

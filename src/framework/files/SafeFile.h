@@ -26,7 +26,6 @@ private:
     bool ReadsBack();
 
     QSaveFile m_file;
-    qint64 m_size = 0;
     QCryptographicHash m_hash{QCryptographicHash::Sha1};
 };
 
