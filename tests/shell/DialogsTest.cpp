@@ -9,9 +9,13 @@
 #include "shell/MainWindow.h"
 #include "shell/StartUp.h"
 
+#include <QBuffer>
 #include <QImage>
 #include <QLabel>
+#include <QPainter>
 #include <QProgressBar>
+#include <QRegularExpression>
+#include <QSvgGenerator>
 #include <QTemporaryDir>
 
 using namespace Qt::StringLiterals;
@@ -57,6 +61,27 @@ private Q_SLOTS:
             QCOMPARE(company.logoPath, Logo());
             QCOMPARE(company.noLogo, noLogo);
         }
+    }
+
+    void RulersOfTheLogo()
+    {
+        LogoView view;
+        view.SetLimits(1425, 5700); // 95 by 380 pixels
+        view.resize(view.sizeHint());
+        QBuffer file;
+        QSvgGenerator svg;
+        svg.setOutputDevice(&file);
+        QPainter painter(&svg);
+        view.render(&painter);
+        painter.end();
+        static const QRegularExpression kDrawn(
+            u"points=\"([^\"]*) \"|matrix\\((0,[^)]*)\\)|>([^<>]*)</text>|<rect x=\"(34.*)\"/>"_s);
+        QStringList drawn;
+        for (auto matches = kDrawn.globalMatch(QString::fromUtf8(file.data())); matches.hasNext();)
+            drawn += matches.next().capturedTexts().sliced(1).join(QString()).remove(u'"');
+        QCOMPARE(drawn.join(u'|'),
+                 u"29,0 29,94|27,0 31,0|27,94 31,94|34,99 413,99|34,97 34,101|413,97 413,101|10 cm|"
+                 "0,-1,1,0,0,94|2.5 cm|34 y=0 width=380 height=95|34 y=0 width=379 height=94"_s);
     }
 
     void PicturesThatAreNone_data()

@@ -84,6 +84,12 @@ QString Over(const QWidget* widget)
     return {};
 }
 
+/// A dialog that lies over no window.
+QString Alone(const QDialog* dialog)
+{
+    return dialog->parentWidget() == nullptr ? u" alone"_s : QString();
+}
+
 /// Where a window stands in the area, in hundredths of its width and height; nothing where it is alone.
 QString Place(const QMdiSubWindow* window)
 {
@@ -323,7 +329,7 @@ void PictureMaker::Box(const QMessageBox* box)
                                                              {QMessageBox::Warning, u"exclamation"_s},
                                                              {QMessageBox::Critical, u"critical"_s},
                                                              {QMessageBox::Question, u"question"_s}};
-    Line(u"box"_s, kIcons[box->icon()], Quoted(box->windowTitle()));
+    Line(u"box"_s, kIcons[box->icon()], Quoted(box->windowTitle()) + Alone(box));
     m_picture.last().text += BarredLines(box->text());
     ++m_depth;
     QStringList buttons;
@@ -350,7 +356,8 @@ bool PictureMaker::Special(const QWidget* widget)
                     : u"open dialog"_s,
              {},
              u"%1 in %2 %3"_s.arg(Quoted(files->windowTitle()), files->directory().path(),
-                                  Quoted(files->nameFilters().join(u';'))));
+                                  Quoted(files->nameFilters().join(u';'))) +
+                 Alone(files));
     } else if (const auto* progress = qobject_cast<const QProgressDialog*>(widget)) {
         Line(u"progress"_s, {}, Quoted(progress->windowTitle()) + u' ' + Quoted(progress->labelText()));
     } else if (const auto* bar = qobject_cast<const QMenuBar*>(widget)) {
