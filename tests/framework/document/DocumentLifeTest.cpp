@@ -1,5 +1,5 @@
-// New, Open, Save, Save as and Close, with every answer; the file name that all documents share; saves that
-// fail.
+// Open, Save and Save as where no story goes: the registry, the file name that all documents share, saves
+// that fail, flags.
 #include "framework/document/DocumentLife.h"
 #include "Compare.h"
 #include "TestWorld.h"
@@ -16,15 +16,6 @@ class DocumentLifeTest : public QObject, private DocumentTest<LimiDocument>
 
 private Q_SLOTS:
     void init() { Begin(u"file.LIM"_s); }
-
-    void FileDialogOfATest()
-    {
-        m_world->define.OpenSaveFolder = u"Documenti/"_s;
-        SetFileDialog(m_world->Context(), m_document->Info());
-        QCOMPARE(m_world->dialog.Filter, u"Limiti (*.LIM)|*.LIM"_s);
-        QCOMPARE(m_world->dialog.DefaultExt, u"LIM"_s);
-        QCOMPARE(m_world->dialog.InitDir, u"Documenti/"_s);
-    }
 
     void Registry()
     {
@@ -87,56 +78,6 @@ private Q_SLOTS:
             SaveDocumentAs(*m_document);
             QCOMPARE(std::exchange(shown, {}), u"+-"_s);
         }
-    }
-
-    void CloseAsks_data()
-    {
-        QTest::addColumn<int>("changed"); // 0 nothing, 1 the grid, 2 a header field
-        QTest::addColumn<int>("answer");
-        QTest::addColumn<QString>("saveAs"); // empty: cancelled in the dialog
-        QTest::addColumn<bool>("closes");
-        QTest::addColumn<bool>("saved");
-        const QString name = u"saved.LIM"_s;
-        const int no = static_cast<int>(Answer::No);
-        const int yes = static_cast<int>(Answer::Yes);
-        const int cancel = static_cast<int>(Answer::Cancel);
-        QTest::addRow("nothing changed") << 0 << no << QString() << true << false;
-        QTest::addRow("no") << 1 << no << QString() << true << false;
-        QTest::addRow("cancel") << 1 << cancel << QString() << false << false;
-        QTest::addRow("yes") << 1 << yes << name << true << true;
-        QTest::addRow("yes, a header field alone") << 2 << yes << name << true << true;
-        QTest::addRow("yes, cancelled in the dialog") << 1 << yes << QString() << false << false;
-    }
-
-    void CloseAsks()
-    {
-        QFETCH(int, changed);
-        QFETCH(int, answer);
-        QFETCH(QString, saveAs);
-        QFETCH(bool, closes);
-        QFETCH(bool, saved);
-        Change(changed);
-        m_world->messages.WillAnswer(Answer{answer});
-        m_world->dialog.WillChoose(saveAs.isEmpty() ? saveAs : m_folder->filePath(saveAs));
-        QCOMPARE(CloseDocument(*m_document), closes);
-        for (const ScriptedMessages::Shown& asked : m_world->messages.All())
-            QVERIFY(asked.icon == MessageIcon::Exclamation && asked.title == u"Quorel 2006");
-        QCOMPARE(m_world->messages.TakeOnly(), changed == 0 ? u"0 messages"_s : kQuestion);
-        QCOMPARE(QFile::exists(m_folder->filePath(u"saved.LIM"_s)), saved);
-        QCOMPARE(m_document->IsModify(), changed != 0 && !saved);
-    }
-
-    void NewKeepsOrResets()
-    {
-        Change(1);
-        m_world->messages.WillAnswer(Answer::Cancel);
-        QVERIFY(!NewDocument(*m_document));
-        QCOMPARE(m_document->Grid().Text(0, 0), u"5.000"_s);
-        QVERIFY(m_document->IsModify()); // the grid's flag is folded in before the question
-        m_world->messages.WillAnswer(Answer::No);
-        QVERIFY(NewDocument(*m_document));
-        QCOMPARE(m_document->Grid().Text(0, 0), u"0.000"_s);
-        QVERIFY(!m_document->IsModify() && !m_document->ChangeMade());
     }
 
     void Open()
@@ -285,14 +226,6 @@ private Q_SLOTS:
         QVERIFY(m_world->messages.All().last().icon == MessageIcon::Critical);
     }
 
-    void FailureMessages()
-    {
-        QCOMPARE(FailureMessage(RuntimeFailure(FailureKind::TypeMismatch)),
-                 u"Errore di run-time '13': Tipo non corrispondente"_s);
-        QCOMPARE(FailureMessage(RuntimeFailure(FailureKind::DivisionByZero)),
-                 u"Errore di run-time '11': Divisione per zero"_s);
-    }
-
 private:
     void Change(int what)
     {
@@ -301,8 +234,6 @@ private:
         else if (what == 2)
             m_document->TypeInputData(0, u"HPLC"_s);
     }
-
-    const QString kQuestion = u"I dati sono stati modificati.\nVuoi salvare le modifiche correnti?"_s;
 };
 
 QTEST_GUILESS_MAIN(DocumentLifeTest)
