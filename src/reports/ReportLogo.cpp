@@ -24,7 +24,6 @@ int TwipsOf(int pixels)
 bool GetLogoSize(const QString& path, int& height, int& width)
 {
     QImageReader reader(path);
-    reader.setDecideFormatFromContent(true);
     QSize size = reader.size(); // read from the file's head, however large the picture
     if (!size.isValid())
         size = reader.read().size();

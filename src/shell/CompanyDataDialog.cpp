@@ -26,7 +26,6 @@ namespace
 QImage ReadPicture(const QString& path)
 {
     QImageReader reader(path);
-    reader.setDecideFormatFromContent(true);
     reader.setAutoTransform(true);
     return reader.read();
 }

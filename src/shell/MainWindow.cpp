@@ -196,10 +196,8 @@ QList<TestWindow*> MainWindow::Tests() const
 
 bool MainWindow::FormIsOpen(QAnyStringView windowClass) const
 {
-    // A window that is closing is hidden, and still in the list.
     return std::ranges::any_of(m_area->subWindowList(), [&](const QMdiSubWindow* window) {
-        return !window->isHidden() && window->widget() != nullptr &&
-               windowClass == window->widget()->objectName();
+        return window->widget() != nullptr && windowClass == window->widget()->objectName();
     });
 }
 
@@ -210,7 +208,6 @@ void MainWindow::ShowTest(QStringView key)
         return;
     }
     QMdiSubWindow* window = m_area->addSubWindow(CreateTestWindow(key, m_context, *this).release());
-    window->setAttribute(Qt::WA_DeleteOnClose);
     window->resize(window->sizeHint().boundedTo(m_area->viewport()->size()));
     window->show();
 }

@@ -16,7 +16,6 @@ void Descriptions::Watch()
         all.append(*described);
         for (QWidget* widget : std::as_const(all)) {
             widget->setMouseTracking(true);
-            widget->removeEventFilter(this); // a child of two described widgets is watched once
             widget->installEventFilter(this);
         }
     }

@@ -219,6 +219,5 @@ void GridView::contextMenuEvent(QContextMenuEvent* event)
 {
     if (m_popup == nullptr)
         return;
-    setFocus(Qt::MouseFocusReason); // the menu's commands act on the control that has the focus
     m_popup->popup(event->globalPos());
 }

@@ -81,7 +81,6 @@ QGroupBox* WindowFields::ConclusionsFrame(const QString& frameName)
     m_conclusions->setObjectName(u"cConcl"_s);
     m_conclusions->setAccessibleName(u"Conclusioni"_s);
     m_conclusions->setReadOnly(true);
-    m_conclusions->setTabChangesFocus(true);
     m_conclusions->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     auto* layout = new QVBoxLayout(box);
     layout->addWidget(m_conclusions);

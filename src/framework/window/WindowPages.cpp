@@ -80,7 +80,6 @@ void WindowPages::AddChartPage(const QString& caption)
 QGroupBox* WindowPages::SizeFrame(const QString& name, const QString& title, const QList<SizeRow>& rows)
 {
     QGroupBox* box = WindowFields::FrameBox(name, title);
-    m_descriptions.Describe(box, {});
     auto* layout = new QGridLayout(box);
     for (const SizeRow& row : rows)
         m_fields.AddSize(layout, row);
