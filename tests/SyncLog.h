@@ -20,7 +20,7 @@ struct Sync {
 
 struct SyncLog {
     QString watched;
-    bool fails = false;
+    int error = 0; ///< of a disk that does not take it
     QList<Sync> syncs = {};
 };
 inline SyncLog syncLog;
@@ -28,8 +28,8 @@ inline SyncLog syncLog;
 /// In the place of the system's own.
 extern "C" int fsync(int descriptor)
 {
-    if (syncLog.fails) {
-        errno = EIO;
+    if (syncLog.error != 0) {
+        errno = syncLog.error;
         return -1;
     }
     const QString name = QFile::symLinkTarget(QStringLiteral("/proc/self/fd/%1").arg(descriptor));

@@ -79,6 +79,7 @@ private Q_SLOTS:
         m_folder = std::make_unique<QTemporaryDir>();
         for (const auto& folder : {u"other"_s, u"many/sub.LIM"_s, u"empty"_s, u"taken/five.LIM"_s})
             QVERIFY(QDir(m_folder->path()).mkpath(folder));
+        QVERIFY(QFile::link(At("other"), At("linked")));
         const QByteArray five = BytesOf(DataFile(u"one-to-five.LIM"_s));
         for (const auto& name : {"five.LIM", "many/b.LIM", "many/B.lim", "many/a.Lim", "many/.c.LIM"})
             QVERIFY(WriteBytes(At(name), five));
@@ -183,6 +184,8 @@ private Q_SLOTS:
         row(u"--rewrite $/empty/.. $/five.LIM"_s, 2, {}, source.arg(u"$/empty/.."_s, u"$/five.LIM"_s));
         row(u"--chart $/other/ $/five.LIM $/other"_s, 2, {},
             source.arg(u"$/other/"_s, u"$/other/five.LIM"_s));
+        row(u"--rewrite $/other $/linked/five.LIM"_s, 2, {},
+            source.arg(u"$/other"_s, u"$/linked/five.LIM"_s));
         row(u"--rewrite $/five.LIM/new $/five.LIM"_s, 2, {},
             u"impossibile creare la cartella $/five.LIM/new\n"_s);
         row(u"--rewrite $/taken $/five.LIM"_s, 1, five,

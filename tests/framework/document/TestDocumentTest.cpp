@@ -255,6 +255,8 @@ private Q_SLOTS:
         const QSignalSpy changed(m_document.get(), &TestDocument::Changed);
         m_document->ChooseOption(3);
         QCOMPARE(changed.size(), 1);
+        m_document->ChooseDigits({.interi = 4, .decimali = 1});
+        QCOMPARE(changed.size(), 2);
         QCOMPARE(m_document->ControlText("LabelLivelli"), u"3 Livelli"_s);
         QVERIFY(m_document->ControlVisible("Esito"));
         m_document->Renew();
@@ -417,51 +419,20 @@ private Q_SLOTS:
         QCOMPARE(m_document->Calc(), CalcEnd::Refused);
         QCOMPARE(m_world->messages.TakeOnly(), u"somma\nnegativa"_s);
         QCOMPARE(m_document->ControlText("Esito"), u"NONE"_s);
-        QCOMPARE(m_document->Table("SprLinearita")->Rows()[2], QStringList({u"Totali"_s, u"0"_s, QString()}));
+        const TextTable& table = *m_document->Table("SprLinearita");
+        QCOMPARE(table.Rows()[1] + table.Rows()[2],
+                 QStringList({u"Regressione"_s, u"0"_s, u"0"_s, u"Totali"_s, u"0"_s, QString()}));
+        QCOMPARE(table.headerData(1, Qt::Horizontal).toString() +
+                     table.headerData(1, Qt::Vertical).toString() + table.index(1, 0).data().toString(),
+                 u"GdLTotali0"_s);
     }
 
-    /// What kept a document from its results is told; the reading comes first.
-    void FailureOfALoading()
-    {
-        const RuntimeFailure cut(FailureKind::EndOfFile);
-        const RuntimeFailure gap(FailureKind::TypeMismatch);
-        QCOMPARE((LoadOutcome{cut, gap, {}}.Failure()->Number()), 62);
-        QCOMPARE((LoadOutcome{{}, gap, {}}.Failure()->Number()), 13);
-        QCOMPARE((LoadOutcome{cut, {}, CalcEnd::SumIsZero}.Failure()->Number()), 62);
-        QVERIFY((!LoadOutcome{cut, {}, CalcEnd::Done}.Failure() &&
-                 !LoadOutcome{{}, {}, CalcEnd::Refused}.Failure()));
-    }
-
-    void Json_data()
-    {
-        QTest::addColumn<bool>("calculated");
-        QTest::addColumn<QByteArray>("results");
-        QTest::addRow("without results")
-            << false
-            << QByteArray(
-                   R"("results":{"Somma":"0.00","Esito":"NONE","LabelStima":false},)"
-                   R"("table":[["Variazione","Devianza","GdL"],["Regressione","0","0"],["Totali","0",""]],)"
-                   R"("means":[["1","0.00"]],"cConcl":"","conclusions":{"it":[""],"en":[""]},"verdict":null,"values":{})");
-        QTest::addRow("calculated")
-            << true
-            << QByteArray(
-                   R"("results":{"Somma":"78.00","Esito":"bene","LabelStima":true},)"
-                   R"("table":[["Variazione","Devianza","GdL"],["Regressione","78.00","1"],["Totali","156.00",""]],)"
-                   R"("means":[["1","78.00"],["2","0.00"]],"cConcl":"somma 78.00",)"
-                   R"("conclusions":{"it":["somma 78.00"],"en":["sum 78.00"]},"verdict":null,)"
-                   R"("values":{"sum":78,"significant":true,"levels":[78,null]})");
-    }
-
+    /// To the byte, in the order of its keys.
     void Json()
     {
-        QFETCH(bool, calculated);
-        QFETCH(QByteArray, results);
         Fill(*m_document);
         LoadOutcome outcome;
-        if (calculated)
-            outcome.end = m_document->Calc();
-        else
-            outcome.calculation = RuntimeFailure(FailureKind::DivisionByZero);
+        outcome.end = m_document->Calc();
         const QList<CollectedMessage> messages = {{MessageIcon::Exclamation, u"Quorel"_s, u"a\nb"_s},
                                                   {MessageIcon::None, {}, {}},
                                                   {MessageIcon::Information, {}, {}},
@@ -474,11 +445,7 @@ private Q_SLOTS:
                    "U.M. della conc. dell'analita: mg`,`xTitle`:`" +
                    xTitle + "`,`yTitle`:``,`seriesNames`:null,`rowLabels`:null,`data`:[[1,78],[2,156]]}";
         };
-        QByteArray end = "{`number`:11,`text`:`Divisione per zero`},`charts`:[]}\n";
-        if (calculated)
-            end = "null,`charts`:[" + chart("VtGrafRegr", "curva") + ',' + chart("VtGrafProp", "residui") +
-                  "]}\n";
-        end.replace('`', '"');
+        const QByteArray charts = chart("VtGrafRegr", "curva") + ',' + chart("VtGrafProp", "residui");
         const QByteArray zeros = R"([["0.00","0.00","0.00"],["0.00","0.00","0.00"],)"
                                  R"(["0.00","0.00","0.00"],["0.00","0.00","0.00"]])";
         QCOMPARE(
@@ -487,11 +454,15 @@ private Q_SLOTS:
             R"("size":{"Dimensioni":["3","4"],"nDatiTot":"12"},"option":1,"headers":["1.00","2.00","3.00"],)"
             R"("grids":[[["1.00","2.00","3.00"],["4.00","5.00","6.00"],["7.00","8.00","9.00"],)"
             R"(["10.00","11.00","12.00"]],)" +
-                zeros + ',' + zeros + "]," + results +
-                R"(,"messages":[{"icon":"exclamation","title":"Quorel","text":"a\nb"},)"
+                zeros + ',' + zeros +
+                R"(],"results":{"Somma":"78.00","Esito":"bene","LabelStima":true},)"
+                R"("table":[["Variazione","Devianza","GdL"],["Regressione","78.00","1"],["Totali","156.00",""]],)"
+                R"("means":[["1","78.00"],["2","0.00"]],"cConcl":"somma 78.00",)"
+                R"("conclusions":{"it":["somma 78.00"],"en":["sum 78.00"]},"verdict":null,)"
+                R"("values":{"sum":78,"significant":true,"levels":[78,null]},"messages":[{"icon":"exclamation","title":"Quorel","text":"a\nb"},)"
                 R"({"icon":"none","title":"","text":""},{"icon":"information","title":"","text":""},)"
-                R"({"icon":"critical","title":"","text":""},{"icon":"question","title":"","text":""}],"failure":)" +
-                end);
+                R"({"icon":"critical","title":"","text":""},{"icon":"question","title":"","text":""}],"failure":null,"charts":[)" +
+                QByteArray(charts).replace('`', '"') + "]}\n");
     }
 };
 

@@ -36,23 +36,21 @@ private Q_SLOTS:
         QVERIFY(WriteBytes(m_file, "  Quorel for Windows\r\n3 \r4\n\"a, b\",,last\r\n   "));
         DataFileReader reader(m_file);
         QStringList read;
-        const auto field = [&] {
-            read += u"%1 %2"_s.arg(FromCodePage(reader.ReadField())).arg(reader.Line());
-        };
-        while (FailureOf(field).isEmpty()) {
-        }
+        QCOMPARE(FailureOf([&] {
+                     while (true)
+                         read += u"%1 %2"_s.arg(FromCodePage(reader.ReadField())).arg(reader.Line());
+                 }),
+                 u"62: Fine del file raggiunta prima del previsto"_s);
         QCOMPARE(read.join(u'|'), u"Quorel for Windows 1|3  2|4 3|\"a 4|b\" 4| 4|last 4"_s);
-        QCOMPARE(FailureOf(field), u"62: Fine del file raggiunta prima del previsto"_s);
         QCOMPARE(reader.Line(), 5);
 
         QVERIFY(WriteBytes(m_file, "2,one, two \n\r\n\rna\xefve \x80\r"));
         DataFileReader lines(m_file);
         QCOMPARE(lines.ReadField(), "2");
-        read.clear();
-        const auto line = [&] { read += u"%1 %2"_s.arg(lines.ReadLine()).arg(lines.Line()); };
-        while (FailureOf(line).isEmpty()) {
-        }
-        QCOMPARE(read.join(u'|'), u"one, two  1| 2| 3|naïve € 4"_s);
+        const QStringList expected = {u"one, two "_s, QString(), QString(), u"naïve €"_s};
+        for (int i = 0; i < 4; ++i)
+            QVERIFY(lines.ReadLine() == expected[i] && lines.Line() == i + 1);
+        VERIFY_FAILS(lines.ReadLine(), FailureKind::EndOfFile);
     }
 
     void BlocksDoNotShow()
@@ -65,7 +63,6 @@ private Q_SLOTS:
         DataFileReader reader(m_file);
         for (int i = 0; i < 40000; ++i)
             QCOMPARE(reader.ReadField().toByteArray().trimmed().toInt(), i);
-        VERIFY_FAILS(reader.ReadField(), FailureKind::EndOfFile);
     }
 
     void NotToBeRead()
@@ -127,10 +124,7 @@ private Q_SLOTS:
         QCOMPARE(syncLog.syncs.size(), 2);
         QVERIFY(syncLog.syncs[0].name.startsWith(m_folder->path() + u'/'));
         QCOMPARE(syncLog.syncs[0].watched, QByteArray(100000, 'x'));
-        QCOMPARE(syncLog.syncs[1].name, m_folder->path());
-        QCOMPARE(syncLog.syncs[1].watched, bytes);
-        WriteSafeFile(m_file, {});
-        QCOMPARE(BytesOf(m_file), QByteArray());
+        QVERIFY(syncLog.syncs[1].name == m_folder->path() && syncLog.syncs[1].watched == bytes);
     }
 
     void FullDiskKeepsTheFormerFile()
@@ -154,7 +148,9 @@ private Q_SLOTS:
             QString failure;
         } rows[] = {
             {[](int) {}, {}},
-            {[](int) { syncLog.fails = true; }, u"57: Errore di lettura o scrittura (Input/output error)"_s},
+            {[](int) { syncLog.error = EIO; }, u"57: Errore di lettura o scrittura (Input/output error)"_s},
+            {[](int) { syncLog.error = ENOSPC; }, u"61: Disco pieno (No space left on device)"_s},
+            {[](int) { syncLog.error = EDQUOT; }, u"61: Disco pieno (Disk quota exceeded)"_s},
             {[](int file) { ::pwrite(file, "y", 1, 7); }, unlike},
             {[](int file) { ::pwrite(file, "x", 1, 50000); }, unlike},
             {[](int file) { static_cast<void>(::ftruncate(file, 49999)); }, unlike},

@@ -67,7 +67,7 @@ private Q_SLOTS:
         VERIFY_FAILS(DatabaseFTable(file.fileName()).Find(1, 5), FailureKind::DatabaseNotOpen);
     }
 
-    void NoCompany()
+    void OtherTables()
     {
         const QTemporaryDir folder;
         const QString file = folder.filePath(u"empty.MDB"_s);
@@ -77,6 +77,10 @@ private Q_SLOTS:
         QVERIFY(database.open() && QSqlQuery(database).exec(u"DELETE FROM Anagrafica"_s));
         VERIFY_FAILS(ReadCompany(file), FailureKind::TableNotFound);
         VERIFY_FAILS(WriteCompany(file, {}), FailureKind::TableNotFound);
+        for (const auto& sql : {u"DROP TABLE TabF"_s, u"CREATE TABLE TabF (GDL_1, GDL_2, VAL_F)"_s,
+                                u"INSERT INTO TabF VALUES (1, 5, 6.6), (1, 5, 7.7)"_s})
+            QVERIFY(QSqlQuery(database).exec(sql));
+        QCOMPARE_EQ(DatabaseFTable(file).Find(1, 5), std::optional(6.6)); // the first row of a pair counts
     }
 
     void AskedFromTwoThreads()
