@@ -18,8 +18,8 @@ struct Field {
     QLatin1StringView control;
     FieldKind kind = FieldKind::Result;
     QString caption; ///< what stands beside it; for a screen reader, too
-    /// Of a result: what a document without results shows; empty for 0 in the number format. Of a size: what a
-    /// new document shows.
+    /// Of a result: what a document without results shows; empty for 0 in the number format. Of a size: what
+    /// a new document shows.
     QString reset = {};
     QString text = {};
     bool visible = true;

@@ -312,8 +312,7 @@ void TestDocument::ReadFromFile(const QString& fileName)
     const auto tell = qScopeGuard([this] { Q_EMIT Changed(); });
     DataFileReader reader(fileName);
     m_howRead = FileRead::InPart;
-    const auto noteStop =
-        qScopeGuard([&] { m_readStop = m_howRead == FileRead::Whole ? 0 : reader.Line(); });
+    const auto noteStop = qScopeGuard([&] { m_readStop = m_howRead == FileRead::Whole ? 0 : reader.Line(); });
     std::vector<std::unique_ptr<DataGrid::Redraw>> redraws;
     for (DataGrid* grid : m_grids)
         redraws.push_back(std::make_unique<DataGrid::Redraw>(*grid));
