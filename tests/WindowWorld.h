@@ -49,15 +49,7 @@ struct WindowWorld {
             qFatal("no %s", name);
         return found;
     }
-    GridView* GridWidget() { return GridAt(0); }
     QTabWidget* Tabs() { return window->template findChild<QTabWidget*>(); }
-    QStringList TabTexts()
-    {
-        QStringList texts;
-        for (int i = 0; i < Tabs()->count(); ++i)
-            texts += Tabs()->tabText(i);
-        return texts;
-    }
     void ShowData() { Tabs()->setCurrentIndex(1); }
 
     // The hands. What is not there ends the program: a helper can't end its test.
@@ -73,11 +65,6 @@ struct WindowWorld {
     {
         GridAt(grid)->setFocus();
         GridAt(grid)->setCurrentIndex(GridAt(grid)->model()->index(row, col));
-    }
-    /// Row and column of the caret.
-    QPoint Caret(int grid = 0)
-    {
-        return {GridAt(grid)->currentIndex().row(), GridAt(grid)->currentIndex().column()};
     }
     /// The field in which a cell is being typed, or null.
     QLineEdit* Editor()
@@ -104,13 +91,9 @@ struct WindowWorld {
         QTest::mouseClick(option, Qt::LeftButton, {}, QPoint(6, option->height() / 2));
     }
 
-    QString CellText(int row, int col = 0)
-    {
-        return GridWidget()->model()->index(row, col).data().toString();
-    }
     void Type(int row, const QString& text, int col = 0)
     {
-        GridWidget()->model()->setData(GridWidget()->model()->index(row, col), text);
+        GridAt(0)->model()->setData(GridAt(0)->model()->index(row, col), text);
     }
     void Trigger(const char* name)
     {
@@ -124,17 +107,6 @@ struct WindowWorld {
         world.dialog.WillChoose(file);
         Trigger(name);
     }
-    /// Whether a label stands in one line with a field, on its left.
-    bool Beside(const char* label, const char* field)
-    {
-        const auto at = [this](const char* name) {
-            auto* widget = Find<QWidget>(name);
-            return QRect(widget->mapTo(window.get(), QPoint()), widget->size());
-        };
-        return std::abs(at(label).center().y() - at(field).center().y()) < 4 &&
-               at(label).right() < at(field).right();
-    }
-
     TestWorld world;
     ScriptedFrame frame;
     std::unique_ptr<Window> window;

@@ -4,8 +4,6 @@
 #include "WindowWorld.h"
 #include "framework/MadeUpDocument.h"
 #include "framework/window/ChartView.h"
-#include "framework/window/CornerLabel.h"
-#include "framework/window/TestMenus.h"
 #include "stories/ExpectedText.h"
 #include "stories/WindowPicture.h"
 
@@ -183,8 +181,6 @@ private Q_SLOTS:
     void FramesFollowTheirFields()
     {
         auto* frame = m_open->Find<QGroupBox>("Frame6");
-        QCOMPARE(frame->title(), u"Inferiore (mg)"_s);
-        QCOMPARE(frame->findChild<CornerLabel*>()->text(), u"Rep."_s);
         m_open->Tabs()->setCurrentIndex(0);
         auto* unit = m_open->Find<QLineEdit>("aInputData3");
         unit->selectAll();
@@ -198,30 +194,12 @@ private Q_SLOTS:
         QCOMPARE(At(), u"1: 3,1"_s);
     }
 
-    void ItemsSayWhyTheyAreGrey()
-    {
-        const auto reasons = [this](const char* name) { return GreyReasons(m_open->Find<QAction>(name)); };
-        QCOMPARE(reasons("FileSalva"), Greys(Grey::NoData));
-        QCOMPARE(reasons("FileStampaGrafico"), Grey::NoData | Grey::NoCommand);
-        QCOMPARE(reasons("HelpGuida"), Greys(Grey::NoCommand));
-        QCOMPARE(reasons("FileNuovo"), Greys());
-        m_open->Type(0, u"1"_s);
-        QCOMPARE(reasons("FileSalva"), Greys());
-        QCOMPARE(reasons("FileStampaGrafico"), Greys(Grey::NoCommand));
-        QVERIFY(m_open->Find<QAction>("FileSalva")->isEnabled() &&
-                !m_open->Find<QAction>("PrintGraph")->isEnabled());
-    }
-
     void OneOfTwoChartsTakesThePage()
     {
         m_open->Tabs()->setCurrentIndex(2);
         auto* regression = m_open->Find<ChartView>("VtGrafRegr");
         auto* proportion = m_open->Find<ChartView>("VtGrafProp");
         QVERIFY(std::abs(regression->width() - proportion->width()) <= 1);
-        m_open->Type(0, u"5"_s);
-        m_open->Trigger("StrumentiCalcola");
-        QVERIFY(regression->accessibleDescription().contains(u"curva: da"_s));
-        QVERIFY(proportion->accessibleDescription().contains(u"residui: da"_s));
         QTest::keyClick(proportion, Qt::Key_Return);
         QVERIFY(regression->isHidden() && !proportion->isHidden());
         QTest::mouseDClick(proportion, Qt::LeftButton); // shows all of the chart, and nothing else
