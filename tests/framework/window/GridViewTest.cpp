@@ -123,6 +123,7 @@ private Q_SLOTS:
     void CornerSelectsAll()
     {
         CornerLabel corner(u"Determinazioni"_s, m_view.get());
+        corner.show();
         QCoreApplication::processEvents();
         QVERIFY(m_view->verticalHeader()->width() > corner.sizeHint().width());
         QCOMPARE(corner.size(),
