@@ -7,6 +7,7 @@
 #include "batch/JsonWriter.h"
 #include "batch/Outcome.h"
 #include "framework/files/Database.h"
+#include "stories/ExpectedText.h"
 
 #include <QBuffer>
 #include <QDir>
@@ -126,84 +127,26 @@ private Q_SLOTS:
     }
 
     /// A dollar sign stands for the folder of the files.
-    void Calls_data()
-    {
-        QTest::addColumn<QString>("arguments");
-        QTest::addColumn<int>("status");
-        QTest::addColumn<QString>("out");
-        QTest::addColumn<QString>("err"); // without the program's name in front of each line
-        const auto row = [](const QString& arguments, int status, const QString& out, const QString& err) {
-            QTest::addRow("%s.", qPrintable(arguments)) << arguments << status << out << err;
-        };
-        const QString five = Five(u"$/five.LIM"_s);
-        const auto older = Five(u"$/other/five.LIM"_s)
-                               .replace(u"mg/l"_s, u"%"_s)
-                               .replace(u"1.5811"_s, u"1.581"_s)
-                               .replace(u"3.1623"_s, u"3.162"_s)
-                               .replace(u"15.8114"_s, u"15.811"_s);
-        row(u"$/five.LIM $/other/five.LIM"_s, 0, five + older, {});
-        row(u"--decimal , $/five.LIM"_s, 0, FiveWithComma(u"$/five.LIM"_s), {});
-        row(u"$/many"_s, 0,
-            Five(u"$/many/.c.LIM"_s) + Five(u"$/many/B.lim"_s) + Five(u"$/many/a.Lim"_s) +
-                Five(u"$/many/b.LIM"_s),
-            {});
-        row(u"$/other/ $/empty"_s, 0, older, {});
-
-        // What can't be done is named, the others are done.
-        const auto stops = [&](const QString& name, bool printed, const QString& reason) {
-            row(u"$/%1 $/five.LIM"_s.arg(name), 1,
-                (printed ? u"$/%1\n  nessun risultato\n\n"_s.arg(name) : QString()) + five,
-                u"$/%1: %2\n"_s.arg(name, reason));
-        };
-        stops(u"none.LIM"_s, false, u"File non trovato"_s);
-        stops(u"note.txt"_s, false, u"non è un file di dati"_s);
-        stops(u"lotto.TAR"_s, false, u"i file di tipo TAR non sono ancora gestiti"_s);
-        stops(u"bytes.LIM"_s, true, u"letto in parte, fino alla riga 1: Tipo non corrispondente"_s);
-        stops(u"cut.LIM"_s, true,
-              u"letto in parte, fino alla riga 14: Fine del file raggiunta prima del previsto"_s);
-        stops(u"gap.LIM"_s, true, u"non calcolato: Tipo non corrispondente"_s);
-        stops(u"zeros.LIM"_s, true, u"non calcolato: la somma dei valori è zero"_s);
-        stops(u"flat.SPC"_s, true, u"non calcolato: Dati non validi ! Controllare i dati"_s);
-
-        const auto wrong = [&](const QString& arguments, const QString& error) {
-            row(arguments, 2, {}, error + u"\nAiuto: quorel-batch --help\n"_s);
-        };
-        wrong({}, u"manca il file o la cartella da elaborare"_s);
-        wrong(u"--json"_s, u"manca il file o la cartella da elaborare"_s);
-        wrong(u"--jason -x $/five.LIM"_s, u"opzione sconosciuta: jason, x"_s);
-        wrong(u"--json=1 $/five.LIM"_s, u"opzione non valida: Unexpected value after '--json'."_s);
-        wrong(u"$/five.LIM --language"_s, u"opzione non valida: Missing value after '--language'."_s);
-        wrong(u"--language fr $/five.LIM"_s, u"valore non valido per l'opzione --language: fr"_s);
-        wrong(u"--decimal ; $/five.LIM"_s, u"valore non valido per l'opzione --decimal: ;"_s);
-        wrong(u"--chart= $/five.LIM"_s, u"l'opzione --chart vuole una cartella"_s);
-        wrong(u"--rewrite= $/five.LIM"_s, u"l'opzione --rewrite vuole una cartella"_s);
-        row(u"--version"_s, 0, u"quorel-batch 1.2\n"_s, {});
-
-        // Folders that can't be written to, and files in them.
-        const QString source = u"la cartella %1 è quella di %2: i file di origine non si sovrascrivono\n"_s;
-        row(u"--rewrite $/empty/.. $/five.LIM"_s, 2, {}, source.arg(u"$/empty/.."_s, u"$/five.LIM"_s));
-        row(u"--chart $/other/ $/five.LIM $/other"_s, 2, {},
-            source.arg(u"$/other/"_s, u"$/other/five.LIM"_s));
-        row(u"--rewrite $/other $/linked/five.LIM"_s, 2, {},
-            source.arg(u"$/other"_s, u"$/linked/five.LIM"_s));
-        row(u"--rewrite $/five.LIM/new $/five.LIM"_s, 2, {},
-            u"impossibile creare la cartella $/five.LIM/new\n"_s);
-        row(u"--rewrite $/taken $/five.LIM"_s, 1, five,
-            u"$/five.LIM: non salvato: Il percorso non è quello di un file\n"_s);
-        row(u"--rewrite $/new $/five.LIM $/other/five.LIM"_s, 1, five + older,
-            u"$/other/five.LIM: non salvato: un altro file ha lo stesso nome\n"_s);
-        row(u"--chart $/new $/lotto.TAR $/five.LIM"_s, 1, five,
-            u"$/lotto.TAR: i file di tipo TAR non sono ancora gestiti\n"_s);
-    }
-
     void Calls()
     {
-        QFETCH(QString, arguments);
-        const Run run = RunWith(arguments);
-        QTEST(run.out, "out");
-        QFETCH(QString, err);
-        QCOMPARE(run.err, err.isEmpty() ? err : u"quorel-batch: "_s + err);
-        QTEST(run.status, "status");
+        QStringList told;
+        for (const QString& line :
+             QString::fromUtf8(BytesOf(DataFile(u"../calls.txt"_s))).chopped(1).split(u'\n')) {
+            if (line.isEmpty() || line.startsWith(u'#'))
+                told += line;
+            if (!line.startsWith(u'>'))
+                continue;
+            init(); // no call finds what another one wrote
+            const Run run = RunWith(line.sliced(1));
+            told += line;
+            for (const auto& [text, sign] : {std::pair(run.out, u"  "_s), {run.err, u"! "_s}}) {
+                for (const QString& part : text.isEmpty() ? QStringList() : text.chopped(1).split(u'\n'))
+                    told += part.isEmpty() ? sign.trimmed() + u'|' : sign + part;
+            }
+            told += u"= %1"_s.arg(run.status);
+        }
+        const QString difference = DifferenceFrom(u"calls.txt"_s, told.join(u'\n') + u'\n');
+        QVERIFY2(difference.isEmpty(), qPrintable(difference));
     }
 
     void Json_data()
