@@ -61,6 +61,12 @@ private Q_SLOTS:
         QCOMPARE(settings(), before);
     }
 
+    void ResultsOfNoneAreNone()
+    {
+        m_document->TypeSize("nDet"_L1, u"-5"_s);
+        QCOMPARE(m_document->Calc(), CalcEnd::SumIsZero);
+    }
+
     /// The hourglass while a file is read or written, whatever comes of it.
     void Hourglass()
     {

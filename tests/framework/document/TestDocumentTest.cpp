@@ -176,9 +176,13 @@ private Q_SLOTS:
             Fill(*document, 1);
             m_world->messages.WillAnswer(Answer::No);
             m_world->dialog.WillChoose(m_file);
-            const QSignalSpy changed(document.get(), &TestDocument::Changed);
+            QStringList told; // what stood when the window was last told
+            QObject::connect(document.get(), &TestDocument::Changed, document.get(),
+                             [&] { told = StateOf(*document); });
             QVERIFY(OpenDocument(*document));
+            QObject::disconnect(document.get(), &TestDocument::Changed, nullptr, nullptr);
             QCOMPARE(StateOf(*document), StateOf(*other));
+            QCOMPARE(told, StateOf(*document));
             QVERIFY(untouched());
             QCOMPARE(m_world->dialog.FileName, alone.dialog.FileName);
         }
@@ -254,9 +258,9 @@ private Q_SLOTS:
     {
         const QSignalSpy changed(m_document.get(), &TestDocument::Changed);
         m_document->ChooseOption(3);
-        QCOMPARE(changed.size(), 1);
         m_document->ChooseDigits({.interi = 4, .decimali = 1});
-        QCOMPARE(changed.size(), 2);
+        m_document->TypeSize("Dimensioni0"_L1, u"x"_s);
+        QCOMPARE(changed.size(), 3);
         QCOMPARE(m_document->ControlText("LabelLivelli"), u"3 Livelli"_s);
         QVERIFY(m_document->ControlVisible("Esito"));
         m_document->Renew();
@@ -270,6 +274,7 @@ private Q_SLOTS:
         m_world->define.DecSep = u","_s;
         m_document = MakeDocument<MadeUpDocument>(m_world->Context());
         m_document->TypeInputData(TestDocument::kUnitInput, u"µg"_s);
+        QCOMPARE(m_document->ControlText("LabelData2"), u"Inferiore (µg)"_s);
         m_document->ChooseOption(3);
         Fill(*m_document);
         QVERIFY(m_document->Grid().Edits().TypeHeader(1, u"2,5"_s));
@@ -286,6 +291,7 @@ private Q_SLOTS:
         m_document->ReadFromFile(m_file);
         QCOMPARE(m_document->FileBytes(), bytes);
         QCOMPARE(m_document->Option(), std::optional(3));
+        QCOMPARE(m_document->ControlText("LabelData2"), u"Inferiore (µg)"_s);
 
         QVERIFY(WriteBytes(m_file, QByteArray(bytes).remove(0, 26).replace(
                                        "\r\n4\r\n3\r\n12\r\n", "\r\n4 righe\r\n 3.0\r\n 12 \r\n")));
@@ -299,7 +305,7 @@ private Q_SLOTS:
     void ChartsAreMadeWhenAsked()
     {
         QVERIFY(m_document->ShownCharts()[1].IsEmpty());
-        m_document->TypeInputData(0, u"HPLC"_s);
+        m_document->TypeInputData(0, u" HPLC "_s);
         Fill(*m_document);
         const int before = m_document->ChartState();
         QCOMPARE(m_document->Calc(), CalcEnd::Done);
@@ -346,12 +352,14 @@ private Q_SLOTS:
 
     void FileCutInAGrid()
     {
-        const QByteArray bytes = m_document->FileBytes();
+        QByteArray bytes = m_document->FileBytes().replace("\r\n5\r\n2\r\n", "\r\n5\r\n4\r\n");
+        bytes.replace(bytes.indexOf(" 1,0.00"), 7, " 1,1.2345");
         QVERIFY(WriteBytes(m_file, bytes.first(bytes.lastIndexOf("3,0.00"))));
         VERIFY_FAILS(m_document->ReadFromFile(m_file), FailureKind::EndOfFile);
         QCOMPARE(m_document->HowRead(), FileRead::InPart);
         QCOMPARE(m_document->ReadStop(), 28); // the line that would come
         QCOMPARE(m_document->Grid(2).Text(1, 0) + m_document->Grid(2).Text(2, 0), u"0.00"_s);
+        QVERIFY(m_document->FileBytes().contains("\r\n 1,1.2300,0.0000,")); // as the cells show it
     }
 
     void BadFiles_data()
@@ -400,8 +408,12 @@ private Q_SLOTS:
         GetNumFormat(3, 1, m_world->define);
         QCOMPARE(m_document->Calc(), CalcEnd::Done);
         QCOMPARE(m_document->ControlText("Somma"), u"78.0"_s);
+        const QSignalSpy changed(m_document.get(), &TestDocument::Changed);
         m_document->WriteToFile(m_file);
+        QCOMPARE(changed.size(), 1);
         QVERIFY(BytesOf(m_file).contains("\r\n 1,1.00,2.00,3.00\r\n"));
+        m_document->ChooseDigits({.interi = 4, .decimali = 1});
+        QVERIFY(m_document->FileBytes().contains("\r\n 1,1.0,2.0,3.0\r\n"));
         QCOMPARE(m_document->Title(), u"Taratura - "_s + m_file);
     }
 
@@ -419,12 +431,15 @@ private Q_SLOTS:
         QCOMPARE(m_document->Calc(), CalcEnd::Refused);
         QCOMPARE(m_world->messages.TakeOnly(), u"somma\nnegativa"_s);
         QCOMPARE(m_document->ControlText("Esito"), u"NONE"_s);
-        const TextTable& table = *m_document->Table("SprLinearita");
+        QVERIFY(!m_document->ControlVisible("LabelStima"));
+        TextTable& table = *m_document->Table("SprLinearita");
         QCOMPARE(table.Rows()[1] + table.Rows()[2],
                  QStringList({u"Regressione"_s, u"0"_s, u"0"_s, u"Totali"_s, u"0"_s, QString()}));
         QCOMPARE(table.headerData(1, Qt::Horizontal).toString() +
                      table.headerData(1, Qt::Vertical).toString() + table.index(1, 0).data().toString(),
                  u"GdLTotali0"_s);
+        table.Fill({});
+        QCOMPARE(table.rowCount(), 2);
     }
 
     /// To the byte, in the order of its keys.

@@ -181,6 +181,8 @@ private Q_SLOTS:
         QTest::addRow("two signs") << "--5"_ba << 0.0;
         QTest::addRow("too small") << "1e-999"_ba << 0.0;
         QTest::addRow("too small, spelt out") << QByteArray("0." + QByteArray(400, '0') + "1") << 0.0;
+        QTest::addRow("too small, with an exponent that is not")
+            << QByteArray("0." + QByteArray(400, '0') + "1e10") << 0.0;
         QTest::addRow("many digits, small exponent")
             << QByteArray(QByteArray(400, '1') + "e-400") << 0.111111111111111111;
     }
@@ -209,6 +211,7 @@ private Q_SLOTS:
         QTest::addRow("nor with a comma") << u"1,234"_s << 1.234;
         QTest::addRow("Italian thousands") << u"1.234,5"_s << 1234.5;
         QTest::addRow("English thousands") << u"1,234.5"_s << 1234.5;
+        QTest::addRow("thousands with a sign") << u"+123.456,5"_s << 123456.5;
         QTest::addRow("two groups") << u"12.345.678"_s << 12345678.0;
         QTest::addRow("two groups and decimals") << u"1,234,567.25"_s << 1234567.25;
         QTest::addRow("blanks around") << u"  7 "_s << 7.0;
