@@ -76,7 +76,7 @@ void AppendFixed(NumberBuffer& out, double value, int minInteger, int decimals)
         const int i = decimal.exponent - power;
         return i >= 0 && i < Decimal::kDigits ? decimal.digits[i] : '0';
     };
-    for (int power = std::max(zero ? 0 : decimal.exponent, minInteger - 1); power >= 0; --power)
+    for (int power = std::max(decimal.exponent, minInteger - 1); power >= 0; --power)
         out.append(digit(power));
     if (decimals > 0)
         out.append('.');

@@ -132,8 +132,6 @@ std::optional<QString> WithPointAlone(QStringView text)
     if (points == 0 || commas == 0)
         return Ungrouped(text, points == 0 ? u',' : u'.');
     const qsizetype last = std::max(text.lastIndexOf(u'.'), text.lastIndexOf(u','));
-    if (text.count(text[last]) > 1)
-        return std::nullopt;
     auto whole = Ungrouped(text.first(last), text[last] == u'.' ? u',' : u'.');
     if (whole)
         whole->append(u'.').append(text.sliced(last + 1));
