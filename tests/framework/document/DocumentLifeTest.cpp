@@ -63,6 +63,7 @@ private Q_SLOTS:
 
     void ResultsOfNoneAreNone()
     {
+        m_document->Grid().SetValue(0, 0, 1);
         m_document->TypeSize("nDet"_L1, u"-5"_s);
         QCOMPARE(m_document->Calc(), CalcEnd::SumIsZero);
     }
