@@ -13,24 +13,12 @@
 #include <QFormLayout>
 #include <QGridLayout>
 #include <QHBoxLayout>
-#include <QImageReader>
+#include <QImage>
 #include <QLabel>
 #include <QRadioButton>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
-
-namespace
-{
-
-QImage ReadPicture(const QString& path)
-{
-    QImageReader reader(path);
-    reader.setAutoTransform(true);
-    return reader.read();
-}
-
-} // namespace
 
 CompanyDataDialog::CompanyDataDialog(const Company& company, const DocumentContext& context, QWidget* parent)
     : QDialog(parent), m_context(context), m_logoPath(company.logoPath), m_noLogo(company.noLogo)
@@ -115,7 +103,7 @@ void CompanyDataDialog::LoadLogo()
 {
     // A file that is gone or no picture leaves the place empty, without a word.
     if (!m_logoPath.isEmpty())
-        m_logo->ShowPicture(ReadPicture(m_logoPath));
+        m_logo->ShowPicture(QImage(m_logoPath));
 }
 
 void CompanyDataDialog::ChooseLogo()
@@ -129,7 +117,7 @@ void CompanyDataDialog::ChooseLogo()
     dialog.FileName.clear();
     if (!dialog.ShowOpen())
         return;
-    const QImage picture = ReadPicture(dialog.FileName);
+    const QImage picture(dialog.FileName);
     if (picture.isNull())
         return;
     m_logo->ShowPicture(picture);
