@@ -27,6 +27,8 @@ bool GetLogoSize(const QString& path, int& height, int& width)
     QSize size = reader.size(); // read from the file's head, however large the picture
     if (!size.isValid())
         size = reader.read().size();
+    if (reader.transformation().testFlag(QImageIOHandler::TransformationRotate90)) // as it is shown
+        size.transpose();
     if (!size.isValid() || size.isEmpty())
         return false;
     height = TwipsOf(size.height());

@@ -11,6 +11,7 @@
 
 #include <QBuffer>
 #include <QImage>
+#include <QImageWriter>
 #include <QLabel>
 #include <QPainter>
 #include <QProgressBar>
@@ -45,7 +46,7 @@ private Q_SLOTS:
     void PathOfTheLogo()
     {
         CompanyDataDialog dialog(ReadCompany(m_world->define.DbFile), m_world->Context());
-        QVERIFY(QImage(100, 200, QImage::Format_RGB32).save(Logo()));
+        QVERIFY(QImage(100, 200, QImage::Format_RGB32).save(Logo(), "PNG")); // whatever its name says
         m_world->dialog.FileName = u"/documents/a.LIM"_s;
         m_world->dialog.WillChoose(Logo());
         Click(dialog, u"ObjOpen"_s);
@@ -82,6 +83,21 @@ private Q_SLOTS:
         QCOMPARE(drawn.join(u'|'),
                  u"29,0 29,94|27,0 31,0|27,94 31,94|34,99 413,99|34,97 34,101|413,97 413,101|10 cm|"
                  "0,-1,1,0,0,94|2.5 cm|34 y=0 width=380 height=95|34 y=0 width=379 height=94"_s);
+    }
+
+    void PhotographsAreUprightForBoth()
+    {
+        QImageWriter writer(Logo());
+        writer.setTransformation(QImageIOHandler::TransformationRotate90);
+        QVERIFY(writer.write(QImage(90, 40, QImage::Format_RGB32)));
+        CompanyDataDialog dialog(ReadCompany(m_world->define.DbFile), m_world->Context());
+        m_world->dialog.WillChoose(Logo());
+        Click(dialog, u"ObjOpen"_s);
+        QCOMPARE(dialog.findChild<LogoView*>()->ShownSize(), QSize(600, 1350));
+        int height = 0;
+        int width = 0;
+        QVERIFY(GetLogoSize(Logo(), height, width));
+        QCOMPARE(QSize(width, height), QSize(582, 1309));
     }
 
     void PicturesThatAreNone_data()
@@ -122,7 +138,6 @@ private Q_SLOTS:
         const std::array<std::pair<QSize, QSize>, 3> sizes = {
             {{{96, 95}, {1397, 1382}}, {{97, 480}, {1411, 1425}}, {{480, 10}, {5700, 145}}}};
         for (const auto& [pixels, twips] : sizes) {
-            // The name says something else than the file.
             QVERIFY(QImage(pixels, QImage::Format_RGB32).save(Logo(), "PNG"));
             SetReportLogo(report, m_world->define);
             QVERIFY(!report.section1Suppressed);
@@ -156,7 +171,7 @@ private Q_SLOTS:
     }
 
 private:
-    QString Logo() const { return m_home->filePath(u"logo.bmp"_s); }
+    QString Logo() const { return m_home->filePath(u"logo.jpg"_s); }
     static void Click(QDialog& dialog, const QString& name) { dialog.findChild<QPushButton*>(name)->click(); }
 
     std::unique_ptr<QTemporaryDir> m_home;
