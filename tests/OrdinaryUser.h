@@ -6,6 +6,7 @@
 #include <QString>
 #include <QtGlobal>
 
+#include <sys/prctl.h>
 #include <sys/types.h>
 #include <unistd.h>
 
@@ -27,11 +28,13 @@ public:
         // bring root back.
         if (::setresgid(kNobody, kNobody, 0) != 0 || ::setresuid(kNobody, kNobody, 0) != 0)
             qFatal("this process can't be nobody's");
+        ::prctl(PR_SET_DUMPABLE, 1); // or it could not look at itself under /proc
     }
     ~OrdinaryUser()
     {
         if (m_wasRoot && (::setresuid(0, 0, 0) != 0 || ::setresgid(0, 0, 0) != 0))
             qFatal("this process can't be root's again");
+        ::prctl(PR_SET_DUMPABLE, 1);
     }
     Q_DISABLE_COPY_MOVE(OrdinaryUser)
 

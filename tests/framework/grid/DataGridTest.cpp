@@ -75,6 +75,7 @@ private Q_SLOTS:
         QTest::addRow("largest") << u"999,999"_s << u"999,999"_s;
         QTest::addRow("just above the largest") << u"999,9991"_s << u"former"_s;
         QTest::addRow("too many integer digits") << u"1000"_s << u"former"_s;
+        QTest::addRow("zero") << u"0"_s << u"0,000"_s;
         QTest::addRow("negative") << u"-1"_s << u"former"_s;
         QTest::addRow("text") << u"abc"_s << u"former"_s;
         QTest::addRow("emptied") << u" "_s << u""_s;
@@ -299,7 +300,9 @@ private Q_SLOTS:
         grid.UnlockAll();
         QVERIFY(grid.Edits().TypeText(1, 0, u"7"_s));
         grid.SetLocked(1, 0, true);
-        QVERIFY(!grid.Edits().Undo());
+        grid.Edits().ClearBlock({.row = 1, .col = 0});
+        QVERIFY(!grid.Edits().Undo()); // the typing; the clearing was no step
+        QVERIFY(grid.Edits().Undo());
         QCOMPARE(grid.Text(1, 0), u"7"_s);
     }
 
