@@ -392,6 +392,8 @@ bool PictureMaker::Simple(const QWidget* widget)
             line += u" for "_s + label->buddy()->objectName();
         if (label->font().bold())
             line += u" bold"_s;
+        if (label->wordWrap())
+            line += u" wraps"_s;
         if (label->alignment().testFlag(Qt::AlignRight))
             line += u" right"_s;
         if (label->textInteractionFlags().testFlag(Qt::TextSelectableByMouse))
