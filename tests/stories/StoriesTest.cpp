@@ -15,8 +15,9 @@ private Q_SLOTS:
     void Told_data()
     {
         QTest::addColumn<QString>("file");
-        // Those of the locale that this runs under; the windows are told under the laboratory's.
-        const QString locale = QString::fromLocal8Bit(qgetenv("LC_ALL")).section(u'.', 0, 0);
+        // Those of the locale that numbers are shown in; the windows are told under the laboratory's.
+        const QString all = qEnvironmentVariable("LC_ALL");
+        const QString locale = (all.isEmpty() ? qEnvironmentVariable("LC_NUMERIC") : all).section(u'.', 0, 0);
         QStringList folders(u"stories/"_s + locale + u'/');
         if (locale == u"it_IT")
             folders += u"windows/"_s;
