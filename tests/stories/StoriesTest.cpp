@@ -10,6 +10,14 @@ class StoriesTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    /// Of the desktop's fonts one that is always there, in one size: what is laid out by it is told.
+    void initTestCase()
+    {
+        QFont font(u"Liberation Sans"_s);
+        font.setPixelSize(11);
+        QApplication::setFont(font);
+    }
+
     void init() { FailOnWarnings(); }
 
     void Told_data()
