@@ -130,8 +130,7 @@ private Q_SLOTS:
     void Calls()
     {
         QStringList told;
-        for (const QString& line :
-             QString::fromUtf8(BytesOf(DataFile(u"../calls.txt"_s))).chopped(1).split(u'\n')) {
+        for (const QString& line : KeptText(u"calls.txt"_s).chopped(1).split(u'\n')) {
             if (line.isEmpty() || line.startsWith(u'#'))
                 told += line;
             if (!line.startsWith(u'>'))

@@ -164,6 +164,8 @@ private:
     void Control(const QString& role, const QWidget* widget, const QString& text);
     void Inside(const QWidget* widget);
     void InLayout(const QLayout* layout);
+    template<typename Text>
+    void Actions(const QString& role, const QList<QAction*>& actions, const Text& textOf);
     void Menu(const QMenu* menu);
     void Toolbar(const QToolBar* toolbar);
     void Tabs(const QTabWidget* tabs);
@@ -204,55 +206,48 @@ void PictureMaker::Control(const QString& role, const QWidget* widget, const QSt
     Line(role, widget->objectName(), line);
 }
 
+/// Of a menu or a toolbar, inside of its line.
+template<typename Text>
+void PictureMaker::Actions(const QString& role, const QList<QAction*>& actions, const Text& textOf)
+{
+    ++m_depth;
+    for (const QAction* action : actions) {
+        if (action->menu() != nullptr)
+            Menu(action->menu());
+        else if (action->isSeparator())
+            Line(u"-"_s, {}, {});
+        else
+            Line(role, action->objectName(), textOf(action) + (action->isEnabled() ? QString() : u" grey"_s));
+    }
+    --m_depth;
+}
+
 void PictureMaker::Menu(const QMenu* menu)
 {
     Line(u"menu"_s, menu->objectName(), Quoted(menu->title()));
-    ++m_depth;
-    for (const QAction* action : menu->actions()) {
-        if (action->menu() != nullptr) {
-            Menu(action->menu());
-            continue;
-        }
-        if (action->isSeparator()) {
-            Line(u"-"_s, {}, {});
-            continue;
-        }
+    Actions(u"item"_s, menu->actions(), [](const QAction* action) {
         QString line = Quoted(action->text());
         if (!action->shortcut().isEmpty())
             line += u' ' + action->shortcut().toString();
         if (!action->isVisible())
             line += u" hidden"_s;
-        if (action->isChecked())
-            line += u" ticked"_s;
-        if (!action->isEnabled())
-            line += u" grey"_s;
-        Line(u"item"_s, action->objectName(), line);
-    }
-    --m_depth;
+        return line + (action->isChecked() ? u" ticked"_s : QString());
+    });
 }
 
 void PictureMaker::Toolbar(const QToolBar* toolbar)
 {
     Control(u"toolbar"_s, toolbar, {});
-    ++m_depth;
-    for (QAction* action : toolbar->actions()) {
-        if (action->isSeparator()) {
-            Line(u"-"_s, {}, {});
-            continue;
-        }
+    Actions(u"button"_s, toolbar->actions(), [toolbar](const QAction* action) {
         QString line = Quoted(action->toolTip());
         if (action->statusTip() != action->toolTip() || action->text() != action->toolTip())
             line += u" status "_s + Quoted(action->statusTip()) + u" text "_s + Quoted(action->text());
         if (action->icon().isNull() || action->icon().pixmap(24).isNull())
             line += u" NO ICON"_s;
-        const QWidget* button = toolbar->widgetForAction(action);
-        if (button == nullptr || (toolbar->isVisible() && !button->isVisible()))
-            line += u" UNSEEN"_s;
-        if (!action->isEnabled())
-            line += u" grey"_s;
-        Line(u"button"_s, action->objectName(), line);
-    }
-    --m_depth;
+        const QWidget* button =
+            toolbar->widgetForAction(const_cast<QAction*>(action)); // asks for no const one
+        return line + (toolbar->isVisible() && !button->isVisible() ? u" UNSEEN"_s : QString());
+    });
 }
 
 void PictureMaker::Tabs(const QTabWidget* tabs)

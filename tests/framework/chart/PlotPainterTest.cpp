@@ -1,13 +1,13 @@
 // Charts as they are painted: the pictures of tests/data/charts, by the real painter from its module.
-#include "ChartPicture.h"
-#include "ChartStory.h"
 #include "Compare.h"
 #include "TestWorld.h"
 #include "framework/chart/ChartPainter.h"
+#include "stories/ChartPicture.h"
+#include "stories/ChartStory.h"
+#include "stories/ExpectedText.h"
 #include "validation/repeatability/PrecDocument.h"
 #include "validation/specificity/SpecDocument.h"
 
-#include <QDir>
 #include <QImage>
 
 using namespace Qt::StringLiterals;
@@ -111,14 +111,7 @@ class PlotPainterTest : public QObject
 private Q_SLOTS:
     void init() { FailOnWarnings(); }
 
-    void Painted_data()
-    {
-        QTest::addColumn<QString>("file");
-        const QDir folder(QStringLiteral(QUOREL_TEST_DATA "/charts"));
-        for (const QString& name : folder.entryList({u"*.txt"_s}))
-            QTest::addRow("%s", qPrintable(name)) << folder.filePath(name);
-        QVERIFY(!folder.isEmpty());
-    }
+    void Painted_data() { AddKeptTexts({u"charts"_s}); }
 
     void Painted()
     {

@@ -1,11 +1,12 @@
 // Charts on screen: the stories of tests/data/chart-views, by mouse and keys, with the real painter from its
 // module.
 #include "framework/window/ChartView.h"
-#include "ChartPicture.h"
-#include "ChartStory.h"
 #include "TestWorld.h"
 #include "framework/MadeUpDocument.h"
 #include "framework/window/ChartPage.h"
+#include "stories/ChartPicture.h"
+#include "stories/ChartStory.h"
+#include "stories/ExpectedText.h"
 #include "validation/repeatability/PrecDocument.h"
 
 #include <QApplication>
@@ -255,14 +256,7 @@ class ChartViewTest : public QObject
 private Q_SLOTS:
     void init() { FailOnWarnings(); }
 
-    void Seen_data()
-    {
-        QTest::addColumn<QString>("file");
-        const QDir folder(QStringLiteral(QUOREL_TEST_DATA "/chart-views"));
-        for (const QString& name : folder.entryList({u"*.txt"_s}))
-            QTest::addRow("%s", qPrintable(name)) << folder.filePath(name);
-        QVERIFY(!folder.isEmpty());
-    }
+    void Seen_data() { AddKeptTexts({u"chart-views"_s}); }
 
     void Seen()
     {

@@ -1,4 +1,4 @@
-#include "ChartPicture.h"
+#include "stories/ChartPicture.h"
 
 #include <QBuffer>
 #include <QFontMetricsF>

@@ -12,9 +12,8 @@ class ChartStory
 public:
     virtual ~ChartStory() = default;
 
-    /// Does the steps of the file. Empty where all comes as it is told; else the first line that doesn't, and
-    /// the story as it comes lies in the current folder, under the file's name.
-    QString Difference(const QString& fileName);
+    /// Does the steps of a kept text, and tells where what comes differs from it, as DifferenceFrom does.
+    QString Difference(const QString& file);
 
 protected:
     /// The lines that were not there before, and what is there no more.

@@ -1,8 +1,6 @@
-#include "ChartStory.h"
+#include "stories/ChartStory.h"
 
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
+#include "stories/ExpectedText.h"
 
 #include <algorithm>
 
@@ -70,28 +68,15 @@ QStringList ChartStory::Changes(const QStringList& before, const QStringList& no
     return changes;
 }
 
-QString ChartStory::Difference(const QString& fileName)
+QString ChartStory::Difference(const QString& file)
 {
-    QFile file(fileName);
-    if (!file.open(QIODevice::ReadOnly))
-        return u"no file "_s + fileName;
-    const QStringList expected = QString::fromUtf8(file.readAll()).split(u'\n');
     QStringList told;
-    for (const QString& line : expected) {
+    for (const QString& line : KeptText(file).split(u'\n')) {
         if (line.startsWith(u'>') || line.startsWith(u'#') || line.isEmpty())
             told += line;
         const QString step = line.startsWith(u"> ") ? line.sliced(2) : QString();
         if (!step.isEmpty() && !Make(step.section(u' ', 0, 0), step.section(u' ', 1)))
             told += Do(step.section(u' ', 0, 0), step.section(u' ', 1));
     }
-    if (told == expected)
-        return {};
-    QFile as(QDir::current().filePath(QFileInfo(fileName).fileName()));
-    if (as.open(QIODevice::WriteOnly))
-        as.write(told.join(u'\n').toUtf8());
-    qsizetype at = 0;
-    while (expected.value(at) == told.value(at))
-        ++at;
-    return u"line %1\n   told:  %2\n   comes: %3\nand the story as it comes: %4"_s.arg(
-        QString::number(at + 1), expected.value(at), told.value(at), as.fileName());
+    return DifferenceFrom(file, told.join(u'\n'));
 }
