@@ -36,6 +36,11 @@ private:
         QString line;
     };
 
+    /// Why a step can't be done.
+    struct NotDone {
+        QString why;
+    };
+
     Step Parsed(const QString& line) const;
     void Start();
     void Do(const Step& step);
@@ -49,6 +54,7 @@ private:
     void TellChanges();
     QString Cleaned(QString text) const;
 
+    // The steps, in StorySteps.cpp. What can't be done throws NotDone.
     QWidget* Window() const;
     QWidget* Find(const QString& name) const;
     void Click(const Step& step);
