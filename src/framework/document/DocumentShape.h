@@ -85,6 +85,7 @@ struct DocumentShape {
     std::optional<Digits> olderDigits = {};
     std::vector<SizeField> sizes;
     std::vector<OptionField> options = {};
+    bool optionsShow = false; ///< they choose which results are seen, and none is calculated anew for them
     /// Results, captions and notices, and sizes that are not typed, in the order of the window.
     std::vector<Field> fields;
     std::vector<TableShape> tables = {};

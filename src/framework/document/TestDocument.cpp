@@ -50,8 +50,15 @@ std::vector<Field> FieldsOf(const DocumentShape& shape)
 TestDocument::TestDocument(const DocumentShape& shape, const DocumentContext& context)
     : m_shape(shape), m_info(*FindTest(shape.key)), m_context(context), m_fields(FieldsOf(shape))
 {
-    for (int i = 0; i < shape.grids; ++i)
+    for (int i = 0; i < shape.grids; ++i) {
         m_grids.push_back(new DataGrid(context.define.DecSep, this));
+        connect(m_grids.back(), &DataGrid::Edited, this, [this] {
+            if (m_resultState == ResultState::Current) {
+                NoteChange();
+                Q_EMIT Changed();
+            }
+        });
+    }
     m_grids.front()->Edits().SetHeadersEditable(shape.headersAreData);
     for (const TableShape& table : shape.tables)
         m_tables.push_back(new TextTable(table, this));
@@ -59,6 +66,12 @@ TestDocument::TestDocument(const DocumentShape& shape, const DocumentContext& co
     m_conclText = {none, none};
     if (shape.verdict)
         m_verdict.emplace();
+}
+
+void TestDocument::NoteChange()
+{
+    if (m_resultState == ResultState::Current)
+        m_resultState = ResultState::Stale;
 }
 
 QString TestDocument::InputCaption(int index)
@@ -73,6 +86,7 @@ void TestDocument::TypeInputData(int index, const QString& text)
         line.replace(end, " "_L1);
     m_inputData[static_cast<std::size_t>(index)] = line;
     m_isModify = true;
+    NoteChange();
     ShowInputs();
     Q_EMIT Changed();
 }
@@ -90,6 +104,7 @@ void TestDocument::TypeSize(QLatin1StringView control, const QString& text)
     if (number >= field.minimum && number <= field.maximum) {
         ResizeGrid();
         m_isModify = true;
+        NoteChange();
     }
     Q_EMIT Changed();
 }
@@ -107,6 +122,7 @@ bool TestDocument::LeaveSize(QLatin1StringView control)
     if (field.resizes)
         ResizeGrid();
     m_isModify = m_isModify || field.modifies;
+    NoteChange();
     Q_EMIT Changed();
     return false;
 }
@@ -120,6 +136,8 @@ void TestDocument::SelectOption(std::optional<int> value)
 void TestDocument::ChooseOption(int value)
 {
     SelectOption(value);
+    if (!m_shape.optionsShow)
+        NoteChange();
     OptionChosen();
     Q_EMIT Changed();
 }
@@ -231,6 +249,7 @@ void TestDocument::ChooseDigits(Digits digits)
 {
     BuildNumberFormat(digits);
     SetDigits(digits);
+    NoteChange();
     Q_EMIT Changed();
 }
 
@@ -270,6 +289,7 @@ void TestDocument::ResetDocument()
     ShowInputs();
     SetConclusions(QString());
     ++m_chartState;
+    m_resultState = ResultState::None;
     ClearFlags();
     Q_EMIT Changed();
 }
@@ -288,6 +308,7 @@ CalcEnd TestDocument::Calc()
     // and the toolbar's does not.
     if (end != CalcEnd::Done)
         return end;
+    m_resultState = ResultState::Current;
     const auto tell = [this] {
         Q_EMIT Changed();
         Q_EMIT Calculated();

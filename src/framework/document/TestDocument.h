@@ -46,6 +46,10 @@ enum class CalcEnd {
     Refused,   ///< a message said why
 };
 
+/// What the shown results are: none yet, those of what stands in the document, or those of what stood there
+/// before a change.
+enum class ResultState { None, Current, Stale };
+
 /// How far a document was read from its file.
 enum class FileRead { Whole, InPart, NotAtAll };
 
@@ -122,6 +126,8 @@ public:
     const InBoth<QStringList>& ConclTexts() const { return m_conclText; }
     /// The verdict of the last calculation, in tests that give one; empty texts before the first.
     const std::optional<InBoth<QString>>& Verdict() const { return m_verdict; }
+    /// Changed tells of another one.
+    ResultState Results() const { return m_resultState; }
     /// The numbers of the last calculation that came to its end since the last reset.
     virtual std::vector<NamedValue> Values() const = 0;
 
@@ -227,6 +233,8 @@ protected:
     QString ChartFootnote(Language language) const;
 
 private:
+    /// Something that results came from is another one now.
+    void NoteChange();
     /// The number in a size field's text, 0 where it is none.
     int SizeNumber(QLatin1StringView control) const { return ControlText(control).toInt(); }
     void ResetFields();
@@ -254,6 +262,7 @@ private:
     Language m_chartLanguage = Language::Italian;
     std::array<QString, kMostInputs> m_chartInputs; ///< the header texts that the charts show
     int m_chartState = 0;
+    ResultState m_resultState = ResultState::None;
     FileRead m_howRead = FileRead::Whole;
     int m_readStop = 0;
 };

@@ -22,6 +22,7 @@ const DocumentShape& LimiShape()
               .minimum = 5}},
         .options = {{"OptionRilDet0"_L1, u"Limite di rilevazione"_s, 0},
                     {"OptionRilDet1"_L1, u"Limite di determinazione"_s, 1}},
+        .optionsShow = true,
         .fields = {{"StDev"_L1, FieldKind::Result, u"Dev. standard"_s},
                    {"LimRil"_L1, FieldKind::Result, u"Limite di rilevazione"_s},
                    {"LimDet"_L1, FieldKind::Result, u"Limite di determinazione"_s},
