@@ -57,9 +57,9 @@ void UndoAndRedo(benchmark::State& state)
     FullGrid full;
     full.view.PasteText(Column());
     for (auto _ : state) {
-        full.grid.Edits().Undo();
+        full.grid.Edits().Steps().Undo();
         QApplication::processEvents();
-        full.grid.Edits().Redo();
+        full.grid.Edits().Steps().Redo();
         QApplication::processEvents();
     }
 }

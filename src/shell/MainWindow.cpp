@@ -17,6 +17,7 @@
 #include <QCloseEvent>
 #include <QMenuBar>
 #include <QScreen>
+#include <QShortcut>
 
 #include <algorithm>
 #include <variant>
@@ -51,14 +52,20 @@ const QList<Menu>& MenuTable()
 } // namespace
 
 MainWindow::MainWindow(const DocumentContext& context)
-    : m_context(context), m_area(new QMdiArea), m_windowList(new WindowList(m_area))
+    : m_context(context),
+      m_area(new QMdiArea),
+      m_windowList(new WindowList(m_area, [this] { return MayLeaveFront(); }))
 {
     setObjectName(u"MDIMain"_s);
     setWindowTitle(context.define.AppTitle);
     m_area->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     m_area->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    m_area->setFocusPolicy(Qt::NoFocus);
     setCentralWidget(m_area);
     MakeMenus();
+    for (const bool forward : {true, false})
+        connect(new QShortcut(QKeySequence(forward ? u"Ctrl+Tab"_s : u"Ctrl+Shift+Tab"_s), this),
+                &QShortcut::activated, this, [this, forward] { TurnWindow(forward); });
     connect(m_area, &QMdiArea::subWindowActivated, this, &MainWindow::ShowMenus);
     ShowMenus();
     resize(QSize(1100, 780).boundedTo(screen()->availableSize() * kPartOfScreen));
@@ -158,8 +165,7 @@ void MainWindow::MakeMenus()
 
 void MainWindow::ShowMenus()
 {
-    const QMdiSubWindow* current = m_area->currentSubWindow();
-    auto* test = current == nullptr ? nullptr : qobject_cast<TestWindow*>(current->widget());
+    TestWindow* test = FrontTest();
     menuBar()->clear();
     for (QMenu* menu : test == nullptr ? m_menus : test->Menus()) {
         menuBar()->addMenu(menu);
@@ -201,13 +207,39 @@ bool MainWindow::FormIsOpen(QAnyStringView windowClass) const
     });
 }
 
+TestWindow* MainWindow::FrontTest() const
+{
+    const QMdiSubWindow* current = m_area->currentSubWindow();
+    return current == nullptr ? nullptr : qobject_cast<TestWindow*>(current->widget());
+}
+
+bool MainWindow::MayLeaveFront()
+{
+    TestWindow* front = FrontTest();
+    return front == nullptr || front->Settle();
+}
+
+void MainWindow::TurnWindow(bool forward)
+{
+    if (!MayLeaveFront())
+        return;
+    if (forward)
+        m_area->activateNextSubWindow();
+    else
+        m_area->activatePreviousSubWindow();
+}
+
 void MainWindow::ShowTest(QStringView key)
 {
+    if (!MayLeaveFront())
+        return;
     if (const TestWindow* open = OpenTest(key)) {
         ActivateWindow(qobject_cast<QMdiSubWindow*>(open->parentWidget()));
         return;
     }
     QMdiSubWindow* window = m_area->addSubWindow(CreateTestWindow(key, m_context, *this).release());
+    // A click on what takes no focus, a button, a panel, a label, leaves it where it is.
+    window->setFocusPolicy(Qt::NoFocus);
     window->resize(window->sizeHint().boundedTo(m_area->viewport()->size()));
     window->show();
 }

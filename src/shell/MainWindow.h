@@ -44,6 +44,12 @@ private:
     /// The windows of the tests, in the order in which they were opened.
     QList<TestWindow*> Tests() const;
 
+    /// The test whose window is in front, or null.
+    TestWindow* FrontTest() const;
+    /// What is being typed there is taken over. False when it is refused: the window stays in front.
+    bool MayLeaveFront();
+    void TurnWindow(bool forward);
+
     void ShowCompanyData();
     void ShowOptions();
     void RunBackup(bool silent);

@@ -2,6 +2,8 @@
 
 #include "shell/MdiArrangement.h"
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace
@@ -10,7 +12,10 @@ namespace
 constexpr const char* kWindowEntry = "windowEntry";
 } // namespace
 
-WindowList::WindowList(QMdiArea* area) : QObject(area), m_area(area) {}
+WindowList::WindowList(QMdiArea* area, std::function<bool()> mayLeave)
+    : QObject(area), m_area(area), m_mayLeave(std::move(mayLeave))
+{
+}
 
 void WindowList::SetMenu(QMenu* menu)
 {
@@ -34,6 +39,9 @@ void WindowList::Fill(QMenu* menu)
         action->setProperty(kWindowEntry, true);
         action->setCheckable(true);
         action->setChecked(windows[i] == m_area->currentSubWindow());
-        connect(action, &QAction::triggered, windows[i], [window = windows[i]] { ActivateWindow(window); });
+        connect(action, &QAction::triggered, windows[i], [this, window = windows[i]] {
+            if (m_mayLeave())
+                ActivateWindow(window);
+        });
     }
 }

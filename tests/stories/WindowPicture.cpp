@@ -4,6 +4,7 @@
 #include "framework/window/ChartView.h"
 #include "framework/window/CornerLabel.h"
 #include "framework/window/GridView.h"
+#include "framework/window/NoticeBar.h"
 #include "framework/window/StatusPanels.h"
 #include "framework/window/TestMenus.h"
 #include "shell/LogoView.h"
@@ -171,6 +172,7 @@ private:
     void Tabs(const QTabWidget* tabs);
     void Table(const QString& role, const QTableView* view);
     void Box(const QMessageBox* box);
+    void Notice(const NoticeBar* bar);
     bool Special(const QWidget* widget);
     bool Simple(const QWidget* widget);
 
@@ -339,6 +341,19 @@ void PictureMaker::Box(const QMessageBox* box)
     --m_depth;
 }
 
+/// Its text and its actions, while it tells something.
+void PictureMaker::Notice(const NoticeBar* bar)
+{
+    if (bar->isHidden())
+        return;
+    QString line = Quoted(bar->findChild<QLabel*>()->text());
+    for (const QToolButton* button : bar->findChildren<QToolButton*>()) {
+        if (!button->isHidden() && !button->text().isEmpty())
+            line += u' ' + Quoted(button->text());
+    }
+    Line(u"notice"_s, {}, line);
+}
+
 bool PictureMaker::Special(const QWidget* widget)
 {
     if (const auto* box = qobject_cast<const QMessageBox*>(widget)) {
@@ -360,6 +375,8 @@ bool PictureMaker::Special(const QWidget* widget)
             Menu(action->menu());
     } else if (const auto* menu = qobject_cast<const QMenu*>(widget)) {
         Menu(menu);
+    } else if (const auto* notice = qobject_cast<const NoticeBar*>(widget)) {
+        Notice(notice);
     } else if (const auto* toolbar = qobject_cast<const QToolBar*>(widget)) {
         Toolbar(toolbar);
     } else if (const auto* tabs = qobject_cast<const QTabWidget*>(widget)) {

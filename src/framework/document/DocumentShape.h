@@ -36,6 +36,9 @@ struct SizeField {
     // What a refusal does besides: the grids take the new number's size, the document counts as modified.
     bool resizes = true;
     bool modifies = true;
+    static constexpr int kNoColumn = -1;
+    static constexpr int kAllColumns = -2;
+    int rowsOf = kNoColumn; ///< the column of the grids whose rows it counts
 
     QString MinimumCaption() const { return QStringLiteral("(min. %1)").arg(shownMinimum.value_or(minimum)); }
 };

@@ -2,19 +2,12 @@
 
 #include "framework/document/CommonDialog.h"
 #include "framework/document/Define.h"
-#include "framework/document/GridRows.h"
 #include "framework/document/Messages.h"
-#include "framework/files/CodePage.h"
-#include "framework/files/DataFileReader.h"
-#include "framework/files/DataFileWriter.h"
-#include "framework/files/SafeFile.h"
 #include "framework/text/Found.h"
 #include "framework/text/NumberText.h"
 #include "framework/text/TextFunctions.h"
 #include "framework/text/TextNumber.h"
 #include "stats/RuntimeFailure.h"
-
-#include <QScopeGuard>
 
 #include <algorithm>
 
@@ -51,7 +44,7 @@ TestDocument::TestDocument(const DocumentShape& shape, const DocumentContext& co
     : m_shape(shape), m_info(*FindTest(shape.key)), m_context(context), m_fields(FieldsOf(shape))
 {
     for (int i = 0; i < shape.grids; ++i) {
-        m_grids.push_back(new DataGrid(context.define.DecSep, this));
+        m_grids.push_back(new DataGrid(context.define.DecSep, m_history, this));
         connect(m_grids.back(), &DataGrid::Edited, this, [this] {
             if (m_resultState == ResultState::Current) {
                 NoteChange();
@@ -89,42 +82,6 @@ void TestDocument::TypeInputData(int index, const QString& text)
     NoteChange();
     ShowInputs();
     Q_EMIT Changed();
-}
-
-const SizeField& TestDocument::SizeOf(QAnyStringView control) const
-{
-    return Found(m_shape.sizes, control, &SizeField::control);
-}
-
-void TestDocument::TypeSize(QLatin1StringView control, const QString& text)
-{
-    SetControlText(control, text);
-    const SizeField& field = SizeOf(control);
-    const int number = SizeNumber(control);
-    if (number >= field.minimum && number <= field.maximum) {
-        ResizeGrid();
-        m_isModify = true;
-        NoteChange();
-    }
-    Q_EMIT Changed();
-}
-
-bool TestDocument::LeaveSize(QLatin1StringView control)
-{
-    const SizeField& field = SizeOf(control);
-    const int number = SizeNumber(control);
-    if (number >= field.minimum && (number <= field.maximum || field.refuses == SizeField::Refuses::Below))
-        return true;
-    if (field.beeps)
-        m_context.messages.Beep();
-    SetControlText(control, field.fallback == SizeField::Fallback::Initial ? field.initial
-                                                                           : QString::number(Grid().Rows()));
-    if (field.resizes)
-        ResizeGrid();
-    m_isModify = m_isModify || field.modifies;
-    NoteChange();
-    Q_EMIT Changed();
-    return false;
 }
 
 void TestDocument::SelectOption(std::optional<int> value)
@@ -270,7 +227,7 @@ void TestDocument::ResetDocument()
     m_title = m_info.TitleNoFile();
     m_context.dialog.FileName.clear();
     m_howRead = FileRead::Whole;
-    m_readStop = 0;
+    m_readStop = {};
     m_inputData.fill(QString());
     m_inputData[kUnitInput] = m_shape.initialUnit;
     for (const Field& size : m_fields.OfKind(FieldKind::Size))
@@ -290,7 +247,10 @@ void TestDocument::ResetDocument()
     SetConclusions(QString());
     ++m_chartState;
     m_resultState = ResultState::None;
+    m_sizing.reset();
+    m_history.Clear();
     ClearFlags();
+    Q_EMIT Renewed();
     Q_EMIT Changed();
 }
 
@@ -324,129 +284,4 @@ CalcEnd TestDocument::Calc()
     tell();
     Q_EMIT Pointer(false);
     return end;
-}
-
-void TestDocument::ReadFromFile(const QString& fileName)
-{
-    ResetDocument();
-    m_howRead = FileRead::NotAtAll;
-    const auto tell = qScopeGuard([this] { Q_EMIT Changed(); });
-    DataFileReader reader(fileName);
-    m_howRead = FileRead::InPart;
-    const auto noteStop = qScopeGuard([&] { m_readStop = m_howRead == FileRead::Whole ? 0 : reader.Line(); });
-    std::vector<std::unique_ptr<DataGrid::Redraw>> redraws;
-    for (DataGrid* grid : m_grids)
-        redraws.push_back(std::make_unique<DataGrid::Redraw>(*grid));
-    ReadLines(reader);
-    m_title = m_info.TitlePrefix() + fileName;
-    m_howRead = FileRead::Whole;
-}
-
-QByteArray TestDocument::FileBytes() const
-{
-    DataFileWriter writer;
-    const Digits& digits = Grid().GetDigits();
-    writer.WriteText(m_context.define.FileMarker, u"");
-    writer.WriteNumber(digits.interi);
-    writer.WriteNumber(digits.decimali);
-    writer.WriteNumber(Grid().Cols() + 1);
-    for (const int index : {0, 1, kUnitInput, 2})
-        writer.WriteText(m_inputData[static_cast<std::size_t>(index)], InputCaption(index));
-    for (const FileLine& line : m_shape.lines)
-        WriteFileLine(writer, line);
-    WriteBody(writer);
-    return writer.Bytes();
-}
-
-void TestDocument::WriteToFile(const QString& fileName)
-{
-    WriteSafeFile(fileName, FileBytes());
-    m_title = m_info.TitlePrefix() + fileName;
-    ClearFlags();
-    Q_EMIT Changed();
-}
-
-/// Lines 1 to 4, or the one line that stands in their place in a file of the older kind: the digits, and the
-/// count of comma-separated fields in each row. Builds the number format.
-int TestDocument::ReadHead(DataFileReader& reader, Digits& digits)
-{
-    QString count = FromCodePage(reader.ReadField());
-    const bool marked = count == m_context.define.FileMarker;
-    if (marked) {
-        digits.interi = CountIn(FromCodePage(reader.ReadField()));
-        digits.decimali = CountIn(FromCodePage(reader.ReadField()));
-        if (digits.interi < 1 || digits.decimali < 0)
-            throw RuntimeFailure(FailureKind::InvalidArgument);
-    } else {
-        digits = m_shape.olderDigits.value_or(m_shape.digits);
-    }
-    BuildNumberFormat(digits);
-    if (marked)
-        count = FromCodePage(reader.ReadField());
-    return CountIn(count);
-}
-
-void TestDocument::ReadLines(DataFileReader& reader)
-{
-    Digits digits;
-    const int fieldCount = ReadHead(reader, digits);
-    QStringList inputs;
-    while (inputs.size() < kMostInputs)
-        inputs.append(TrimBlanks(reader.ReadLine()));
-    QStringList texts;
-    while (texts.size() < static_cast<qsizetype>(m_shape.lines.size()))
-        texts.append(reader.ReadLine());
-    // Deliberate: the unit, although the last field, stands in the file before the sample.
-    m_inputData = {inputs[0], inputs[1], inputs[3], m_shape.inputs > kUnitInput ? inputs[2] : QString()};
-    ShowInputs();
-    for (qsizetype i = 0; i < texts.size(); ++i)
-        ReadFileLine(m_shape.lines[static_cast<std::size_t>(i)], texts[i]);
-    ReadBody(reader, fieldCount);
-    SetDigits(digits);
-}
-
-void TestDocument::ReadFileLine(const FileLine& line, const QString& text)
-{
-    switch (line.kind) {
-    case FileLine::Kind::Reserved:
-    case FileLine::Kind::Blank:
-        break;
-    case FileLine::Kind::Text:
-        SetControlText(line.control, TrimBlanks(text));
-        break;
-    case FileLine::Kind::Count:
-        SetControlText(line.control,
-                       GeneralText(PointTextToDouble(text.toLatin1()), m_context.define.DecSep));
-        break;
-    case FileLine::Kind::Own:
-        ReadOwnLine(line.control, text);
-        break;
-    }
-}
-
-void TestDocument::WriteFileLine(DataFileWriter& writer, const FileLine& line) const
-{
-    switch (line.kind) {
-    case FileLine::Kind::Reserved:
-        writer.WriteNumber(0);
-        break;
-    case FileLine::Kind::Blank:
-        writer.WriteText({}, line.caption);
-        break;
-    case FileLine::Kind::Text:
-        writer.WriteText(ControlText(line.control), line.caption);
-        break;
-    case FileLine::Kind::Count:
-        writer.WriteNumber(Count(line.control));
-        break;
-    case FileLine::Kind::Own:
-        writer.WriteText(WriteOwnLine(line.control), line.caption);
-        break;
-    }
-}
-
-void TestDocument::WriteBody(DataFileWriter& writer) const
-{
-    for (const DataGrid* grid : m_grids)
-        WriteRows(writer, *grid, m_fileDigits.decimali);
 }

@@ -9,7 +9,9 @@
 #include "framework/document/TestRegistry.h"
 #include "framework/document/TextTable.h"
 #include "framework/grid/DataGrid.h"
+#include "framework/grid/GridCells.h"
 #include "framework/grid/GridEdits.h"
+#include "framework/grid/History.h"
 #include "framework/text/Language.h"
 #include "framework/text/NumberText.h"
 
@@ -77,11 +79,23 @@ public:
     void TypeInputData(int index, const QString& text);
 
     const SizeField& SizeOf(QAnyStringView control) const;
-    /// What the user typed into a size field: applied when the number in it lies within its limits.
+    /// What the user typed into a size field: applied when the number in it lies within its limits. All that
+    /// is typed until the field is left is one step of the history.
     void TypeSize(QLatin1StringView control, const QString& text);
     /// A size field loses the focus. False when its number is refused: it has the fallback then and wants the
     /// focus back.
     [[nodiscard]] bool LeaveSize(QLatin1StringView control);
+
+    /// Whether the grids would hold all rows of a block if its size fields had another number.
+    bool CanHoldRows(const GridBlock& block) const;
+    /// Gives the fields that number and pastes a text into the block, in one step.
+    PasteCount PasteWhole(DataGrid& grid, const GridBlock& block, const QString& text);
+
+    /// Takes the last step in a grid or a size field back, or does it again. False when there is none. Fails
+    /// as CellsEdited.
+    bool Undo();
+    bool Redo();
+    const History& Steps() const { return m_history; }
 
     /// The value of the selected option, or nothing.
     std::optional<int> Option() const { return m_option; }
@@ -158,7 +172,10 @@ public:
     void ReadFromFile(const QString& fileName);
     FileRead HowRead() const { return m_howRead; }
     /// The line, from 1, at which a reading in part stopped; else 0.
-    int ReadStop() const { return m_readStop; }
+    int ReadStop() const { return m_readStop.line; }
+    /// What the user is told of a file that was not read whole: where the reading stopped, what stood there,
+    /// what was expected. Empty until the next one, and once the document was saved.
+    QString ReadNotice() const;
     /// The bytes of the document's file. Fails with InvalidArgument for a character that the code page lacks,
     /// and as CountIn for a count that is none.
     QByteArray FileBytes() const;
@@ -169,6 +186,8 @@ public:
 Q_SIGNALS:
     /// Anything but the grids' cells may show something else now.
     void Changed();
+    /// It is another document now: new, or about to be read.
+    void Renewed();
     /// A calculation has set all its results.
     void Calculated();
     /// The window's mouse pointer becomes the hourglass, or the default again.
@@ -233,6 +252,27 @@ protected:
     QString ChartFootnote(Language language) const;
 
 private:
+    /// What the size fields show, in their order, and what the grids hold.
+    struct SizeState {
+        QStringList texts;
+        std::vector<GridCells> grids;
+        friend bool operator==(const SizeState&, const SizeState&) = default;
+    };
+    /// What is being typed into size fields: what stood before, and the texts that were last applied.
+    struct Sizing {
+        SizeState before;
+        QStringList applied;
+    };
+    QStringList SizeTexts() const;
+    void SetSizeTexts(const QStringList& texts);
+    SizeState Sizes() const;
+    void SetSizes(const SizeState& state);
+    void BeginSizing();
+    void ApplySizes();
+    void EndSizing();
+    bool DropUnapplied();
+    bool Turn(bool (History::*turn)());
+    std::vector<const SizeField*> RowFields(const GridBlock& block) const;
     /// Something that results came from is another one now.
     void NoteChange();
     /// The number in a size field's text, 0 where it is none.
@@ -242,6 +282,8 @@ private:
     void BuildNumberFormat(Digits digits);
     int ReadHead(DataFileReader& reader, Digits& digits);
     void ReadLines(DataFileReader& reader);
+    void NoteStop(const DataFileReader& reader);
+    void NoteSizeStop();
     void ReadFileLine(const FileLine& line, const QString& text);
     void WriteFileLine(DataFileWriter& writer, const FileLine& line) const;
 
@@ -250,6 +292,8 @@ private:
     DocumentContext m_context;
     QString m_title;
     std::array<QString, kMostInputs> m_inputData;
+    History m_history;
+    std::optional<Sizing> m_sizing;
     std::vector<DataGrid*> m_grids;   ///< children
     std::vector<TextTable*> m_tables; ///< children
     FieldSet m_fields;
@@ -264,7 +308,14 @@ private:
     int m_chartState = 0;
     ResultState m_resultState = ResultState::None;
     FileRead m_howRead = FileRead::Whole;
-    int m_readStop = 0;
+    /// Where a reading in part stopped.
+    struct {
+        int line = 0;
+        std::optional<QString> found = {}; ///< nothing at the end of the file
+        QString expected = {};
+        int foundAt = 0;    ///< the line of what was found
+        int lastOfHead = 0; ///< the line before the data
+    } m_readStop;
 };
 
 /// A new document, in the state of one without a file.

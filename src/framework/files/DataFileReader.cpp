@@ -60,6 +60,7 @@ QByteArrayView DataFileReader::Take(const char* terminators)
         const char* const start = m_buffer.constData() + m_at;
         const qsizetype length = decided ? stop - begin : scanned;
         m_at += length;
+        m_found = FromCodePage(QByteArrayView(start, length));
         PassLineEnd();
         return {start, length};
     }
@@ -77,9 +78,15 @@ void DataFileReader::PassLineEnd()
         ++m_at;
 }
 
-QByteArrayView DataFileReader::ReadField()
+void DataFileReader::Begin()
 {
     m_line = m_linesEnded + 1;
+    m_found.reset();
+}
+
+QByteArrayView DataFileReader::ReadField()
+{
+    Begin();
     while (true) {
         while (m_at < m_buffer.size() && m_buffer[m_at] == ' ')
             ++m_at;
@@ -93,7 +100,7 @@ QByteArrayView DataFileReader::ReadField()
 
 QString DataFileReader::ReadLine()
 {
-    m_line = m_linesEnded + 1;
+    Begin();
     if (m_at == m_buffer.size() && !ReadMore())
         throw RuntimeFailure(FailureKind::EndOfFile);
     return FromCodePage(Take("\r\n"));

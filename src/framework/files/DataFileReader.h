@@ -6,6 +6,8 @@
 #include <QFile>
 #include <QString>
 
+#include <optional>
+
 /// CR LF, a lone CR and a lone LF each end a line; a quotation mark is a character like any other.
 class DataFileReader
 {
@@ -24,10 +26,13 @@ public:
 
     /// The number, from 1, of the line in which the last reading began.
     int Line() const { return m_line; }
+    /// What the last reading found; nothing where the file ended.
+    const std::optional<QString>& Found() const { return m_found; }
 
     static constexpr qsizetype kLongestText = 1 << 20;
 
 private:
+    void Begin();
     bool ReadMore();
     QByteArrayView Take(const char* terminators);
     void PassLineEnd();
@@ -38,4 +43,5 @@ private:
     qsizetype m_at = 0;
     int m_line = 1;
     int m_linesEnded = 0;
+    std::optional<QString> m_found;
 };

@@ -21,7 +21,15 @@ DataGrid::Redraw::~Redraw()
 }
 
 DataGrid::DataGrid(const QString& decSep, QObject* parent)
-    : QAbstractTableModel(parent), m_format(decSep), m_edits(m_cells, m_format, *this)
+    : QAbstractTableModel(parent),
+      m_ownHistory(std::make_unique<History>()),
+      m_format(decSep),
+      m_edits(m_cells, m_format, *this, *m_ownHistory)
+{
+}
+
+DataGrid::DataGrid(const QString& decSep, History& history, QObject* parent)
+    : QAbstractTableModel(parent), m_format(decSep), m_edits(m_cells, m_format, *this, history)
 {
 }
 
@@ -32,6 +40,12 @@ void DataGrid::SetSize(int rows, int cols)
     GridCells resized = m_cells.Resized(rows, cols);
     const Redraw redraw(*this);
     m_cells = std::move(resized);
+}
+
+void DataGrid::SetCells(const GridCells& cells)
+{
+    const Redraw redraw(*this);
+    m_cells = cells;
 }
 
 void DataGrid::SetDigits(Digits digits)
@@ -64,7 +78,6 @@ void DataGrid::Clear()
 {
     const Redraw redraw(*this);
     std::ranges::fill(m_cells.values, GridCells::kEmpty);
-    m_edits.ForgetHistory();
 }
 
 void DataGrid::FillEmptyWithZero()
@@ -93,28 +106,12 @@ void DataGrid::UnlockAll()
     std::fill(m_cells.locked.begin(), m_cells.locked.end(), false);
 }
 
-void DataGrid::BeforeStep(GridChange::Part part)
-{
-    if (part == GridChange::Part::Size && m_redrawOff == 0)
-        beginResetModel();
-}
-
 void DataGrid::AfterStep(const GridChange& change)
 {
-    switch (change.part) {
-    case GridChange::Part::Cells:
+    if (change.part == GridChange::Part::Cells)
         TellViews(change.block);
-        break;
-    case GridChange::Part::Headers:
-        if (m_redrawOff == 0)
-            Q_EMIT headerDataChanged(Qt::Horizontal, change.block.col,
-                                     change.block.col + change.block.cols - 1);
-        break;
-    case GridChange::Part::Size:
-        if (m_redrawOff == 0)
-            endResetModel();
-        break;
-    }
+    else if (m_redrawOff == 0)
+        Q_EMIT headerDataChanged(Qt::Horizontal, change.block.col, change.block.col + change.block.cols - 1);
     Q_EMIT Edited(change);
 }
 

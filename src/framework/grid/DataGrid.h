@@ -4,11 +4,13 @@
 #include "framework/grid/CellFormat.h"
 #include "framework/grid/GridCells.h"
 #include "framework/grid/GridEdits.h"
+#include "framework/grid/History.h"
 #include "framework/text/NumberText.h"
 
 #include <QAbstractTableModel>
 #include <QString>
 
+#include <memory>
 #include <optional>
 
 /// Rows by columns of cells, each holding a number or nothing, indexed from 0. A cell's text is its number at
@@ -22,8 +24,10 @@ public:
     /// Of a cell's number as a double, or an invalid QVariant for an empty cell.
     static constexpr int NumberRole = Qt::UserRole;
 
-    /// decSep: the decimal separator of the shown texts.
+    /// decSep: the decimal separator of the shown texts. The second one has a history in common with others,
+    /// which outlives it.
     explicit DataGrid(const QString& decSep, QObject* parent = nullptr);
+    DataGrid(const QString& decSep, History& history, QObject* parent = nullptr);
 
     GridEdits& Edits() { return m_edits; }
     const GridEdits& Edits() const { return m_edits; }
@@ -34,6 +38,8 @@ public:
     int Cols() const { return m_cells.Cols(); }
     /// As GridCells::Resized.
     void SetSize(int rows, int cols);
+    /// All that the grid holds.
+    void SetCells(const GridCells& cells);
 
     const Digits& GetDigits() const { return m_format.GetDigits(); }
     /// As CellFormat::SetDigits.
@@ -48,7 +54,7 @@ public:
     /// for one outside the grid.
     double TextNumber(int row, int col) const;
 
-    /// Empties all cells, and forgets what the user did to them.
+    /// Empties all cells.
     void Clear();
     /// Puts 0 into every empty cell.
     void FillEmptyWithZero();
@@ -87,10 +93,10 @@ Q_SIGNALS:
     void Edited(const GridChange& change);
 
 private:
-    void BeforeStep(GridChange::Part part) override;
     void AfterStep(const GridChange& change) override;
     void TellViews(const GridBlock& block);
 
+    std::unique_ptr<History> m_ownHistory; ///< null where there is a common one
     GridCells m_cells;
     CellFormat m_format;
     GridEdits m_edits;

@@ -42,3 +42,10 @@ GridCells GridCells::Resized(int newRows, int newCols) const
     }
     return resized;
 }
+
+bool operator==(const GridCells& a, const GridCells& b)
+{
+    const auto same = [](double x, double y) { return x == y || (std::isnan(x) && std::isnan(y)); };
+    return a.rows == b.rows && a.headers == b.headers && a.locked == b.locked &&
+           std::ranges::equal(a.values, b.values, same);
+}

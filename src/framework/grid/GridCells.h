@@ -27,6 +27,9 @@ struct GridCells {
     std::vector<double> values; ///< row by row; an empty cell is kEmpty
     std::vector<bool> locked;   ///< row by row: cells that the user can't change
 
+    /// Empty cells are alike.
+    friend bool operator==(const GridCells& a, const GridCells& b);
+
     int Cols() const { return static_cast<int>(headers.size()); }
     bool Holds(int row, int col) const { return row >= 0 && row < rows && col >= 0 && col < Cols(); }
     /// Where the cell stands in values and locked.

@@ -2,12 +2,14 @@
 
 #include "framework/grid/GridCells.h"
 #include "framework/grid/TabText.h"
+#include "framework/text/NumberText.h"
+#include "framework/text/TextNumber.h"
 
 #include <QList>
 
 #include <algorithm>
+#include <memory>
 #include <utility>
-#include <variant>
 
 namespace
 {
@@ -23,12 +25,14 @@ public:
         m_bottom = std::max(m_bottom, row);
         m_right = std::max(m_right, col);
     }
-    std::optional<GridBlock> Block() const
+    std::optional<GridChange> Change(GridChange::Part part) const
     {
         if (m_bottom < 0)
             return std::nullopt;
-        return GridBlock{
-            .row = m_top, .col = m_left, .rows = m_bottom - m_top + 1, .cols = m_right - m_left + 1};
+        return GridChange{
+            .part = part,
+            .block = {
+                .row = m_top, .col = m_left, .rows = m_bottom - m_top + 1, .cols = m_right - m_left + 1}};
     }
 
 private:
@@ -37,6 +41,14 @@ private:
     int m_bottom = -1;
     int m_right = -1;
 };
+
+/// Whether a row has texts, none of which is a number.
+bool HoldsTextsAlone(const QStringList& row)
+{
+    const auto blank = [](const QString& text) { return text.trimmed().isEmpty(); };
+    return !std::ranges::all_of(row, blank) &&
+           std::ranges::none_of(row, [](const QString& text) { return TypedNumber(text).has_value(); });
+}
 
 /// The texts of a pasted row, or of a pasted column.
 QStringList OneLine(const QString& text)
@@ -53,8 +65,8 @@ QStringList OneLine(const QString& text)
 
 } // namespace
 
-GridEdits::GridEdits(GridCells& cells, const CellFormat& format, GridWatcher& watcher)
-    : m_cells(cells), m_format(format), m_watcher(watcher)
+GridEdits::GridEdits(GridCells& cells, const CellFormat& format, GridWatcher& watcher, History& history)
+    : m_cells(cells), m_format(format), m_watcher(watcher), m_history(history)
 {
 }
 
@@ -74,44 +86,30 @@ void GridEdits::Add(HeaderChanges& step, int col, const QString& text) const
         step.push_back({.col = col, .before = before, .after = after});
 }
 
-void GridEdits::Do(GridStep step)
+template<typename Changes>
+void GridEdits::Do(Changes step)
 {
-    const auto empty = [](const auto* changes) { return changes != nullptr && changes->empty(); };
-    if (empty(std::get_if<CellChanges>(&step)) || empty(std::get_if<HeaderChanges>(&step)))
+    if (step.empty())
         return;
+    const auto weight = step.size();
+    const auto apply = [this, step = std::make_shared<const Changes>(std::move(step))](bool forward,
+                                                                                       bool again) {
+        auto change = Apply(*step, forward);
+        if (!change)
+            return;
+        change->again = again;
+        m_changeMade = true;
+        m_watcher.AfterStep(*change);
+    };
     // In the history first: who is told of it may make a further step.
-    Apply(&m_history.Add(std::move(step)), true);
+    m_history.Add({[apply](bool forward) { apply(forward, true); }, weight});
+    apply(true, false);
 }
 
-/// Gives what a step changed its state of after (forward) or before. Cells and headers that the grid has lost
-/// since are passed over.
-std::optional<GridChange> GridEdits::Apply(const GridStep* step, bool forward)
-{
-    if (step == nullptr)
-        return std::nullopt;
-    GridChange change{.part = static_cast<GridChange::Part>(step->index()), .block = {}};
-    m_watcher.BeforeStep(change.part);
-    if (const auto* cells = std::get_if<CellChanges>(step)) {
-        const auto block = ApplyCells(*cells, forward);
-        if (!block)
-            return std::nullopt;
-        change.block = *block;
-    } else if (const auto* headers = std::get_if<HeaderChanges>(step)) {
-        const auto block = ApplyHeaders(*headers, forward);
-        if (!block)
-            return std::nullopt;
-        change.block = *block;
-    } else {
-        const auto& size = std::get<SizeChange>(*step);
-        m_cells = forward ? size.after : size.before;
-        change.block = {.rows = m_cells.rows, .cols = m_cells.Cols()};
-    }
-    m_changeMade = true;
-    m_watcher.AfterStep(change);
-    return change;
-}
+// Both give what a step changed its state of after (forward) or before. Cells and headers that the grid has
+// lost since are passed over.
 
-std::optional<GridBlock> GridEdits::ApplyCells(const CellChanges& step, bool forward)
+std::optional<GridChange> GridEdits::Apply(const CellChanges& step, bool forward)
 {
     Around around;
     for (const CellChange& change : step) {
@@ -120,10 +118,10 @@ std::optional<GridBlock> GridEdits::ApplyCells(const CellChanges& step, bool for
         m_cells.SetValue(change.row, change.col, forward ? change.after : change.before);
         around.Add(change.row, change.col);
     }
-    return around.Block();
+    return around.Change(GridChange::Part::Cells);
 }
 
-std::optional<GridBlock> GridEdits::ApplyHeaders(const HeaderChanges& step, bool forward)
+std::optional<GridChange> GridEdits::Apply(const HeaderChanges& step, bool forward)
 {
     Around around;
     for (const HeaderChange& change : step) {
@@ -132,28 +130,22 @@ std::optional<GridBlock> GridEdits::ApplyHeaders(const HeaderChanges& step, bool
         m_cells.headers[change.col] = forward ? change.after : change.before;
         around.Add(0, change.col);
     }
-    return around.Block();
+    return around.Change(GridChange::Part::Headers);
 }
 
-std::optional<GridChange> GridEdits::Undo()
+bool GridEdits::Takes(int row, int col, const QString& text) const
 {
-    return Apply(m_history.Undo(), false);
-}
-
-std::optional<GridChange> GridEdits::Redo()
-{
-    return Apply(m_history.Redo(), true);
+    return m_cells.Holds(row, col) && !m_cells.locked[m_cells.Place(row, col)] &&
+           (text == m_format.Text(m_cells.Value(row, col)) || m_format.Accepts(text));
 }
 
 bool GridEdits::TypeText(int row, int col, const QString& text)
 {
-    if (!m_cells.Holds(row, col) || m_cells.locked[m_cells.Place(row, col)])
+    if (!Takes(row, col, text))
         return false;
     if (text == m_format.Text(
                     m_cells.Value(row, col))) // left as it was shown: digits that the text doesn't show stay
         return true;
-    if (!m_format.Accepts(text))
-        return false;
     CellChanges step;
     Add(step, row, col, m_format.Number(text));
     Do(std::move(step));
@@ -184,26 +176,44 @@ QString GridEdits::BlockText(const GridBlock& block) const
 
 PasteCount GridEdits::PasteText(int row, int col, const QString& text)
 {
-    PasteCount count;
+    const QList<QStringList> rows = ParseTabText(text);
+    PasteCount count{.block = {.row = row, .col = col, .rows = static_cast<int>(rows.size()), .cols = 0},
+                     .headed = rows.size() > 1 && HoldsTextsAlone(rows.constFirst())};
     CellChanges step;
     int at = row;
-    for (const QStringList& cells : ParseTabText(text)) {
+    for (const QStringList& cells : rows) {
+        count.block.cols = std::max(count.block.cols, static_cast<int>(cells.size()));
         int to = col;
         for (const QString& cell : cells) {
-            if (!m_cells.Holds(at, to)) {
-                ++count.outside;
-            } else if (m_cells.locked[m_cells.Place(at, to)] || !m_format.Accepts(cell)) {
-                ++count.refused;
-            } else {
-                ++count.taken;
+            const bool free = m_cells.Holds(at, to) && !m_cells.locked[m_cells.Place(at, to)];
+            if (Count(count, cell, at, to, free))
                 Add(step, at, to, m_format.Number(cell));
-            }
             ++to;
         }
         ++at;
     }
+    count.changed = !step.empty();
     Do(std::move(step));
     return count;
+}
+
+/// Counts a pasted text, whose cell can be changed or not. Whether it is taken.
+bool GridEdits::Count(PasteCount& count, const QString& text, int row, int col, bool free) const
+{
+    if (!free) {
+        ++count.outside;
+        return false;
+    }
+    if (!m_format.Accepts(text)) {
+        if (count.refused++ == 0)
+            count.firstRefused = {.row = row, .col = col, .text = text};
+        return false;
+    }
+    ++count.taken;
+    const auto number = m_format.Number(text);
+    if (number && *number != RoundToDecimals(*number, m_format.GetDigits().decimali))
+        ++count.rounded;
+    return true;
 }
 
 bool GridEdits::Overwrites(const GridBlock& from, int row, int col) const
@@ -260,21 +270,10 @@ PasteCount GridEdits::PasteHeaders(int col, const QString& text)
     HeaderChanges step;
     int to = col;
     for (const QString& header : text.isEmpty() ? QStringList() : OneLine(text)) {
-        if (to >= m_cells.Cols()) {
-            ++count.outside;
-        } else if (!m_headersEditable || !m_format.Accepts(header)) {
-            ++count.refused;
-        } else {
-            ++count.taken;
+        if (Count(count, header, 0, to, m_headersEditable && to < m_cells.Cols()))
             Add(step, to, header);
-        }
         ++to;
     }
     Do(std::move(step));
     return count;
-}
-
-void GridEdits::ChangeSize(GridCells after)
-{
-    Do(SizeChange{.before = m_cells, .after = std::move(after)});
 }

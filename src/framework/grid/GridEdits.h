@@ -3,7 +3,7 @@
 
 #include "framework/grid/CellFormat.h"
 #include "framework/grid/GridCells.h"
-#include "framework/grid/GridHistory.h"
+#include "framework/grid/History.h"
 
 #include <QString>
 #include <QStringList>
@@ -11,21 +11,51 @@
 #include <optional>
 #include <vector>
 
-/// What a step changed: cells, all of them inside the block; the headers of the block's columns; or the size,
-/// and with it all of the grid.
+/// One cell's change, from 0. Nothing stands for an empty cell.
+struct CellChange {
+    int row = 0;
+    int col = 0;
+    std::optional<double> before;
+    std::optional<double> after;
+};
+
+/// One column header's change.
+struct HeaderChange {
+    int col = 0;
+    QString before;
+    QString after;
+};
+
+/// What a step changed: cells, all of them inside the block, or the headers of the block's columns.
 struct GridChange {
-    enum class Part { Cells, Headers, Size };
+    enum class Part { Cells, Headers };
     Part part = Part::Cells;
     GridBlock block;
+    bool again = false; ///< the step was taken back, or done again
     friend bool operator==(const GridChange&, const GridChange&) = default;
 };
 
-/// How many cells of a paste were taken, refused by their cells, and lay outside the grid.
+/// What became of the texts of a paste.
 struct PasteCount {
     int taken = 0;
-    int refused = 0;
-    int outside = 0;
+    int refused = 0; ///< no number, or one beyond the limits
+    int outside = 0; ///< no cell to be changed stands there
+    int rounded = 0; ///< of those taken: the cell shows another number than the text
+    /// The first that was refused, at its cell.
+    struct Text {
+        int row = 0;
+        int col = 0;
+        QString text;
+        friend bool operator==(const Text&, const Text&) = default;
+    };
+    std::optional<Text> firstRefused = {};
+    GridBlock block = {}; ///< all that was pasted, where it went, also beyond the grid
+    bool changed = false; ///< it was a step
+    bool headed = false;  ///< the first row holds texts alone, and more rows follow
     friend bool operator==(const PasteCount&, const PasteCount&) = default;
+
+    /// All of it was taken as it stood.
+    bool Plain() const { return refused + outside + rounded == 0; }
 };
 
 /// Is told of each step, also of one that is taken back or done again.
@@ -33,7 +63,6 @@ class GridWatcher
 {
 public:
     virtual ~GridWatcher() = default;
-    virtual void BeforeStep(GridChange::Part part) = 0;
     virtual void AfterStep(const GridChange& change) = 0;
 };
 
@@ -43,14 +72,19 @@ class GridEdits
 {
 public:
     /// The cells and their format, which the program fills and the user edits. All outlive this object.
-    GridEdits(GridCells& cells, const CellFormat& format, GridWatcher& watcher);
+    GridEdits(GridCells& cells, const CellFormat& format, GridWatcher& watcher, History& history);
+
+    /// Where the steps stand, with those of others.
+    History& Steps() { return m_history; }
 
     /// True once the user has changed something; the program sets it false.
     bool ChangeMade() const { return m_changeMade; }
     void SetChangeMade(bool made) { m_changeMade = made; }
 
-    /// A text typed into a cell: an empty one empties it. False, and the cell as it was, when it is not
-    /// accepted.
+    /// Whether a cell takes a typed text: one that is accepted, or that of the cell as it is shown.
+    bool Takes(int row, int col, const QString& text) const;
+    /// A text typed into a cell: an empty one empties it. False, and the cell as it was, when it does not
+    /// take it.
     bool TypeText(int row, int col, const QString& text);
     void ClearBlock(const GridBlock& block);
     /// The cells' texts, as MakeTabText puts them.
@@ -73,29 +107,22 @@ public:
     /// that.
     PasteCount PasteHeaders(int col, const QString& text);
 
-    /// Another size, with what the grid shall hold then.
-    void ChangeSize(GridCells after);
-
-    /// What was changed back, or again; nothing when there is nothing to do.
-    std::optional<GridChange> Undo();
-    std::optional<GridChange> Redo();
-    void ForgetHistory() { m_history.Clear(); }
-
 private:
     using CellChanges = std::vector<CellChange>;
     using HeaderChanges = std::vector<HeaderChange>;
 
     void Add(CellChanges& step, int row, int col, std::optional<double> value) const;
     void Add(HeaderChanges& step, int col, const QString& text) const;
-    void Do(GridStep step);
-    std::optional<GridChange> Apply(const GridStep* step, bool forward);
-    std::optional<GridBlock> ApplyCells(const CellChanges& step, bool forward);
-    std::optional<GridBlock> ApplyHeaders(const HeaderChanges& step, bool forward);
+    bool Count(PasteCount& count, const QString& text, int row, int col, bool free) const;
+    template<typename Changes>
+    void Do(Changes step);
+    std::optional<GridChange> Apply(const CellChanges& step, bool forward);
+    std::optional<GridChange> Apply(const HeaderChanges& step, bool forward);
 
     GridCells& m_cells;
     const CellFormat& m_format;
     GridWatcher& m_watcher;
-    GridHistory m_history;
+    History& m_history;
     bool m_changeMade = false;
     bool m_headersEditable = false;
 };

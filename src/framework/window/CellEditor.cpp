@@ -1,6 +1,7 @@
 #include "framework/window/CellEditor.h"
 
 #include "framework/grid/DataGrid.h"
+#include "framework/window/Forms.h"
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -68,10 +69,16 @@ void CellEditor::updateEditorGeometry(QWidget* editor, const QStyleOptionViewIte
 bool CellEditor::eventFilter(QObject* object, QEvent* event)
 {
     auto* field = qobject_cast<QLineEdit*>(object);
-    if (field != nullptr && event->type() == QEvent::FocusOut && !Accepts(*field)) {
+    if (field != nullptr && BelongsToMenu(*event))
+        return true;
+    if (field != nullptr && event->type() == QEvent::FocusOut) {
+        if (WillComeBack(*static_cast<QFocusEvent*>(event)))
+            return false;
         // What is refused stays to be mended, also when the focus goes.
-        Q_EMIT m_view->Refused(field->text());
-        return false;
+        if (!Accepts(*field)) {
+            Q_EMIT m_view->Refused(field->text());
+            return false;
+        }
     }
     if (field == nullptr || event->type() != QEvent::KeyPress)
         return QStyledItemDelegate::eventFilter(object, event);
@@ -85,7 +92,8 @@ bool CellEditor::eventFilter(QObject* object, QEvent* event)
 
 bool CellEditor::Accepts(const QLineEdit& field) const
 {
-    return qobject_cast<const DataGrid*>(m_view->model())->Format().Accepts(field.text());
+    const QModelIndex cell = m_view->currentIndex();
+    return m_view->Grid().Edits().Takes(cell.row(), cell.column(), field.text());
 }
 
 bool CellEditor::Commit()
@@ -108,5 +116,6 @@ bool CellEditor::Commit()
 void CellEditor::destroyEditor(QWidget* editor, const QModelIndex& index) const
 {
     m_field.clear();
+    Q_EMIT m_view->EditorClosed();
     QStyledItemDelegate::destroyEditor(editor, index);
 }

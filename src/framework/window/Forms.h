@@ -1,6 +1,7 @@
 // What dialogs share.
 #pragma once
 
+#include <QKeyEvent>
 #include <QPushButton>
 #include <QValidator>
 
@@ -14,6 +15,18 @@ QPushButton* ButtonWithoutEnter(const QString& name, const QString& caption);
 
 /// Takes what counts of digits, rows and columns are typed as: nothing, or up to four digits.
 QValidator* UpToFourDigits(QObject* parent);
+
+/// Whether the focus goes to a menu or to another program, from where it comes back to the field.
+bool WillComeBack(const QFocusEvent& event);
+/// What a field must not get, so that the commands of the menus act on it: Ctrl+X, which it would take for
+/// itself to cut, where the menu clears; and the loss of the focus to the menu bar, at which it would drop
+/// its selection.
+bool BelongsToMenu(const QEvent& event);
+/// What does again what was taken back.
+bool IsRedo(const QKeyEvent& key);
+
+/// Whether a widget can be seen, in the document's window that is in front.
+bool IsInFront(const QWidget& widget);
 
 /// The window over which a new dialog opens: the modal one that is open, else the frame.
 QWidget* DialogParent(QWidget* frame);

@@ -4,6 +4,7 @@
 #include "framework/grid/GridEdits.h"
 #include "framework/window/BlockDrag.h"
 #include "framework/window/CellEditor.h"
+#include "framework/window/Forms.h"
 
 #include <QClipboard>
 #include <QContextMenuEvent>
@@ -113,7 +114,7 @@ QString GridView::SelectedText() const
 void GridView::PasteText(const QString& text)
 {
     if (const auto block = Block())
-        Q_EMIT Pasted(m_grid.Edits().PasteText(block->row, block->col, text));
+        Q_EMIT Pasted(m_grid.Edits().PasteText(block->row, block->col, text), text);
 }
 
 void GridView::Advance(bool forward)
@@ -160,26 +161,19 @@ bool GridView::CommitEditor()
     return m_editor->Commit();
 }
 
-/// The keys that work without a menu item: the clipboard's, taking back and doing again, and the way out of
-/// the grid, where Tab walks on.
-bool GridView::RunShortcut(QKeyEvent* event)
+/// The keys that work without a menu item: the clipboard's, taking back and doing again.
+bool GridView::RunShortcut(const QKeyEvent& event)
 {
-    std::optional<GridChange> changed;
-    if (event->matches(QKeySequence::Copy))
+    if (event.matches(QKeySequence::Copy))
         QGuiApplication::clipboard()->setText(SelectedText());
-    else if (event->matches(QKeySequence::Paste))
+    else if (event.matches(QKeySequence::Paste))
         PasteText(QGuiApplication::clipboard()->text());
-    else if (event->matches(QKeySequence::Undo))
-        changed = m_grid.Edits().Undo();
-    else if (event->matches(QKeySequence::Redo) || event->keyCombination() == (Qt::CTRL | Qt::Key_Y))
-        changed = m_grid.Edits().Redo();
-    else if (event->key() == Qt::Key_F6)
-        // The view's own version sends a Tab back here. NOLINTNEXTLINE(bugprone-parent-virtual-call)
-        QWidget::focusNextPrevChild(!event->modifiers().testFlag(Qt::ShiftModifier));
+    else if (event.matches(QKeySequence::Undo))
+        Q_EMIT TurnAsked(false);
+    else if (IsRedo(event))
+        Q_EMIT TurnAsked(true);
     else
         return false;
-    if (changed && changed->part == GridChange::Part::Cells)
-        SelectBlock(changed->block);
     return true;
 }
 
@@ -200,7 +194,7 @@ void GridView::keyPressEvent(QKeyEvent* event)
         ClearSelected();
         break;
     default:
-        if (!RunShortcut(event)) {
+        if (!RunShortcut(*event)) {
             QTableView::keyPressEvent(event);
             return;
         }

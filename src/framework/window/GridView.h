@@ -20,6 +20,7 @@ public:
     /// name: objectName. caption: what a screen reader says. The grid outlives the view.
     GridView(DataGrid& grid, const QString& name, const QString& caption, QWidget* parent = nullptr);
 
+    DataGrid& Grid() const { return m_grid; }
     /// What a right click shows; owned by somebody else.
     void SetPopup(QMenu* menu) { m_popup = menu; }
 
@@ -51,7 +52,11 @@ public:
 Q_SIGNALS:
     /// A typed text was refused; the cell is as it was.
     void Refused(const QString& text);
-    void Pasted(const PasteCount& count);
+    void Pasted(const PasteCount& count, const QString& text);
+    /// What was being typed was taken or given up.
+    void EditorClosed();
+    /// The user wants the last step back, or done again.
+    void TurnAsked(bool forward);
     /// A block was dropped on another place.
     void Dropped(const GridBlock& from, int row, int col);
 
@@ -65,7 +70,7 @@ protected:
 
 private:
     int WalkedColumns() const;
-    bool RunShortcut(QKeyEvent* event);
+    bool RunShortcut(const QKeyEvent& event);
     void FitColumns();
 
     DataGrid& m_grid;

@@ -62,6 +62,20 @@ StatusPanels::StatusPanels(const TestInfo& info, Frame& frame, QWidget* parent)
     addWidget(m_statusBar, 1);
     connect(m_statusBar, &StatusPanel::DoubleClicked, this, &StatusPanels::StatusDoubleClicked);
     BuildStatusPanels(info);
+    m_modified = StatePanel(u"ModifiedBar"_s, kModified);
+    m_stale = StatePanel(u"StaleBar"_s, kStaleResults);
+}
+
+/// A panel at the right end, as wide as its text, which comes and goes, so that the others stay in their
+/// place.
+StatusPanel* StatusPanels::StatePanel(const QString& name, const QString& longest)
+{
+    auto* panel = new StatusPanel(name, longest);
+    panel->setAlignment(Qt::AlignCenter);
+    panel->setMinimumWidth(panel->sizeHint().width());
+    panel->ShowText({});
+    addWidget(panel);
+    return panel;
 }
 
 void StatusPanels::BuildStatusPanels(const TestInfo& info)

@@ -1,4 +1,5 @@
-// The status bar of a test window: a description, the number format, and a panel for each other test.
+// The status bar of a test window: a description, the number format, a panel for each other test, and whether
+// the document is saved and its results are current.
 #pragma once
 
 #include "framework/document/TestRegistry.h"
@@ -7,6 +8,9 @@
 #include <QLabel>
 #include <QList>
 #include <QStatusBar>
+
+inline const QString kModified = QStringLiteral("Modificato");
+inline const QString kStaleResults = QStringLiteral("Risultati non aggiornati");
 
 /// A text with a bevel. A raised one stands for a test that is not open.
 class StatusPanel : public QLabel
@@ -40,6 +44,8 @@ public:
 
     void SetDescription(const QString& text) { m_descrBar->ShowText(text); }
     void SetStatus(const QString& text) { m_statusBar->ShowText(text); }
+    void SetModified(bool modified) { m_modified->ShowText(modified ? kModified : QString()); }
+    void SetStale(bool stale) { m_stale->ShowText(stale ? kStaleResults : QString()); }
     /// Each panel's bevel becomes that of its test: inset where the window is open.
     void UpdateStatusPanels();
 
@@ -47,6 +53,7 @@ Q_SIGNALS:
     void StatusDoubleClicked();
 
 private:
+    StatusPanel* StatePanel(const QString& name, const QString& longest);
     void BuildStatusPanels(const TestInfo& info);
     void RunPanel(StatusPanel* panel, const QString& key);
 
@@ -54,4 +61,6 @@ private:
     StatusPanel* m_descrBar;
     StatusPanel* m_statusBar;
     QList<StatusPanel*> m_tests;
+    StatusPanel* m_modified;
+    StatusPanel* m_stale;
 };

@@ -1,18 +1,24 @@
 #include "framework/window/TestWindow.h"
 
 #include "framework/document/DocumentLife.h"
+#include "framework/window/Forms.h"
 #include "framework/window/Furnishings.h"
+#include "framework/window/GridView.h"
 
 #include <QAbstractButton>
+#include <QApplication>
 #include <QCloseEvent>
 #include <QGroupBox>
 #include <QIcon>
 #include <QLabel>
 #include <QPainter>
+#include <QShortcut>
 #include <QTabBar>
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <functional>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -26,7 +32,11 @@ TestWindow::TestWindow(std::unique_ptr<TestDocument> document, Frame& frame)
       m_commands(new WindowCommands(*this, *m_document, frame)),
       m_fields(new WindowFields(*m_document, m_commands->AsGuard(), this)),
       m_descriptions(new Descriptions(this)),
-      m_pages(std::make_unique<WindowPages>(*m_document, *m_fields, *m_descriptions, *m_commands)),
+      m_notices(new NoticeBar),
+      m_gridNotices(new GridNotices(
+          *m_document, [this](const auto& event) { m_commands->RunCommand(event); }, *m_notices, this)),
+      m_pages(std::make_unique<WindowPages>(*m_document, *m_fields, *m_descriptions, *m_commands,
+                                            *m_gridNotices)),
       m_panels(new StatusPanels(m_document->Info(), frame))
 {
     setObjectName(m_document->Info().windowClass);
@@ -39,7 +49,10 @@ TestWindow::TestWindow(std::unique_ptr<TestDocument> document, Frame& frame)
     layout->setSpacing(4);
     layout->addWidget(m_commands->Toolbar());
     layout->addWidget(m_pages.get(), 1);
+    layout->addWidget(m_notices);
     layout->addWidget(m_panels);
+    m_commands->SetSizes(m_fields->Sizes());
+    MakeKeys();
 
     connect(m_document.get(), &TestDocument::Changed, this, &TestWindow::Refresh);
     connect(m_document.get(), &TestDocument::Calculated, this, &TestWindow::CaptionToToolTip);
@@ -51,16 +64,37 @@ TestWindow::TestWindow(std::unique_ptr<TestDocument> document, Frame& frame)
     });
     connect(m_panels, &StatusPanels::StatusDoubleClicked, this,
             [this] { m_commands->RunCommand([this] { m_commands->StrumentiSetup(); }); });
-    connect(m_descriptions, &Descriptions::Hovered, this, &TestWindow::Describe);
-    connect(m_pages.get(), &WindowPages::Said, this, &TestWindow::Describe);
+    connect(m_descriptions, &Descriptions::Hovered, m_panels, &StatusPanels::SetDescription);
+    connect(m_document.get(), &TestDocument::Renewed, this, [this] {
+        for (const auto cause : {NoticeCause::Size, NoticeCause::Cell, NoticeCause::Paste})
+            m_notices->End(cause);
+    });
+    connect(&m_fields->Sizes(), &SizeFields::Refused, this, [this](const QString& text) {
+        if (text.isEmpty())
+            m_notices->End(NoticeCause::Size);
+        else
+            m_notices->Show({NoticeCause::Size, text});
+    });
+    connect(m_pages.get(), &WindowPages::Edited, this, &TestWindow::ShowState);
+    connect(m_commands, &WindowCommands::Ran, this, [this] {
+        ShowState();
+        // A menu that was opened by keys has the focus until it is gone; what it went from may be gone.
+        QMetaObject::invokeMethod(this, &TestWindow::GiveFocusBack, Qt::QueuedConnection);
+    });
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) { NoteFocus(now); });
 }
 
-TestWindow::~TestWindow() = default;
+TestWindow::~TestWindow()
+{
+    disconnect(qApp, nullptr, this, nullptr); // of the focus that moves on among the pieces that go
+    m_pages.reset();
+}
 
 void TestWindow::Finish()
 {
     m_commands->Build();
     m_pages->ShowFirstPage();
+    m_notices->ComeBehind(m_pages->LastInTabOrder());
     m_descriptions->Watch();
     Refresh();
 }
@@ -82,27 +116,65 @@ void TestWindow::Refresh()
     m_fields->Refresh();
     m_pages->Refresh();
     m_panels->SetStatus(m_document->FormatText());
-    Describe({});
+    ShowState();
 }
 
-/// What is said of a file that could be read in part only.
-QString TestWindow::ReadNotice() const
+void TestWindow::ShowState()
 {
-    switch (m_document->HowRead()) {
-    case FileRead::Whole:
-        return {};
-    case FileRead::InPart:
-        return u"Letto in parte, fino alla riga %1"_s.arg(m_document->ReadStop());
-    case FileRead::NotAtAll:
-        return u"Il file non è stato letto"_s;
+    m_panels->SetModified(HasChanges());
+    m_panels->SetStale(m_document->Results() == ResultState::Stale);
+    m_gridNotices->StepMade();
+    ShowReading();
+}
+
+/// What is said of a file that could be read in part only, once.
+void TestWindow::ShowReading()
+{
+    const QString text = m_document->ReadNotice();
+    if (text == std::exchange(m_toldReading, text))
+        return;
+    if (text.isEmpty())
+        m_notices->End(NoticeCause::Reading);
+    else
+        m_notices->Show({NoticeCause::Reading, text});
+}
+
+void TestWindow::MakeKeys()
+{
+    const auto add = [this](const QString& keys, const std::function<void()>& run) {
+        auto* shortcut = new QShortcut(QKeySequence(keys), this);
+        shortcut->setContext(Qt::WidgetWithChildrenShortcut);
+        connect(shortcut, &QShortcut::activated, this, run);
+    };
+    for (const bool forward : {true, false}) {
+        add(forward ? u"Ctrl+PgDown"_s : u"Ctrl+PgUp"_s, [this, forward] { m_pages->TurnPage(forward); });
+        add(forward ? u"F6"_s : u"Shift+F6"_s, [this, forward] { m_pages->TurnRegion(forward); });
     }
-    return {};
 }
 
-/// Where there is nothing to describe, the notice of a file that was read in part stands.
-void TestWindow::Describe(const QString& text)
+void TestWindow::NoteFocus(QWidget* now)
 {
-    m_panels->SetDescription(text.isEmpty() ? ReadNotice() : text);
+    if (now == nullptr || !isAncestorOf(now) || !IsInFront(*this))
+        return;
+    m_lastFocus = now;
+    while (now != this && qobject_cast<GridView*>(now) == nullptr)
+        now = now->parentWidget();
+    m_lastView = now == this ? nullptr : now;
+}
+
+/// To the control that had it last, where the focus is in none of the window.
+void TestWindow::GiveFocusBack()
+{
+    const QWidget* focus = QApplication::focusWidget();
+    if (!IsInFront(*this) || QApplication::activePopupWidget() != nullptr ||
+        (focus != nullptr && isAncestorOf(focus)))
+        return;
+    for (const auto& last : {m_lastFocus, m_lastView}) {
+        if (last != nullptr && last->isVisible()) {
+            last->setFocus();
+            return;
+        }
+    }
 }
 
 void TestWindow::CaptionToToolTip()
@@ -123,6 +195,12 @@ void TestWindow::Activated()
 {
     SetFileDialog(m_document->Context(), m_document->Info());
     m_panels->UpdateStatusPanels();
+    for (const auto& last : {m_lastFocus, m_lastView}) {
+        if (last != nullptr && last->isVisible()) {
+            last->setFocus();
+            return;
+        }
+    }
 }
 
 void TestWindow::closeEvent(QCloseEvent* event)
@@ -132,7 +210,7 @@ void TestWindow::closeEvent(QCloseEvent* event)
 
 bool TestWindow::QueryUnload()
 {
-    return m_commands->CommitGrids() && CloseDocument(*m_document);
+    return m_commands->Settle() && CloseDocument(*m_document);
 }
 
 void TestWindow::Unload()

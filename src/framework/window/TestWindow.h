@@ -5,6 +5,8 @@
 #include "framework/document/TestDocument.h"
 #include "framework/window/Descriptions.h"
 #include "framework/window/Frame.h"
+#include "framework/window/GridNotices.h"
+#include "framework/window/NoticeBar.h"
 #include "framework/window/StatusPanels.h"
 #include "framework/window/WindowCommands.h"
 #include "framework/window/WindowFields.h"
@@ -12,6 +14,7 @@
 
 #include <QList>
 #include <QMenu>
+#include <QPointer>
 #include <QWidget>
 
 #include <memory>
@@ -33,6 +36,8 @@ public:
 
     /// Whether closing asks about this document.
     bool HasChanges() const { return m_document->IsModify() || m_document->ChangeMade(); }
+    /// Takes over what is being typed. False when it is refused.
+    [[nodiscard]] bool Settle() { return m_commands->Settle(); }
     /// Asks what becomes of the changes. False when the window has to stay.
     bool QueryUnload();
     /// Closes without a further question.
@@ -58,16 +63,25 @@ private:
     /// Shows what the document holds, everywhere.
     void Refresh();
     void CaptionToToolTip();
-    void Describe(const QString& text);
-    QString ReadNotice() const;
+    void MakeKeys();
+    /// The panels that tell of the document's state, and what the notices offer.
+    void ShowState();
+    void ShowReading();
+    void NoteFocus(QWidget* now);
+    void GiveFocusBack();
 
     std::unique_ptr<TestDocument> m_document;
     WindowCommands* m_commands;
     WindowFields* m_fields;
     Descriptions* m_descriptions;
+    NoticeBar* m_notices;
+    GridNotices* m_gridNotices;
     std::unique_ptr<WindowPages> m_pages;
     StatusPanels* m_panels;
-    bool m_unloading = false; ///< the question was asked
+    QString m_toldReading;
+    QPointer<QWidget> m_lastFocus; ///< had it when the window was in front
+    QPointer<QWidget> m_lastView;  ///< the grid that it stood in; its editor may be gone
+    bool m_unloading = false;      ///< the question was asked
 };
 
 /// A window with its document, complete.

@@ -14,6 +14,7 @@
 
 #include <QClipboard>
 #include <QGuiApplication>
+#include <QScopeGuard>
 
 #include <algorithm>
 #include <array>
@@ -94,7 +95,7 @@ std::function<void()> WindowCommands::Find(const QString& name)
     const auto found = std::ranges::find(m_commands, ItemOf(name), &Command::name);
     if (found == m_commands.end())
         return {};
-    if (found->commitsGrids)
+    if (found->settles)
         return [this, run = found->run] { RunCommand(run); };
     return [this, run = found->run] { Run(run); };
 }
@@ -127,13 +128,15 @@ void WindowCommands::SetTools(bool data)
 
 void WindowCommands::RunCommand(const std::function<void()>& command)
 {
-    if (CommitGrids())
+    if (Settle())
         Run(command);
+    else
+        Q_EMIT Ran();
 }
 
-bool WindowCommands::CommitGrids()
+bool WindowCommands::Settle()
 {
-    return std::ranges::all_of(m_grids, &GridView::CommitEditor);
+    return (m_sizes == nullptr || m_sizes->Settle()) && std::ranges::all_of(m_grids, &GridView::CommitEditor);
 }
 
 void WindowCommands::Run(const std::function<void()>& event)
@@ -144,6 +147,7 @@ void WindowCommands::Run(const std::function<void()>& event)
     } catch (const RuntimeFailure& caught) {
         failure = caught;
     }
+    const auto over = qScopeGuard([this] { Q_EMIT Ran(); });
     if (!failure)
         return;
     m_window.unsetCursor();

@@ -4,6 +4,7 @@
 #include "framework/window/Frame.h"
 #include "framework/window/GridView.h"
 #include "framework/window/Guard.h"
+#include "framework/window/SizeFields.h"
 
 #include <QList>
 #include <QMenu>
@@ -20,8 +21,7 @@ class TestDocument;
 struct Command {
     QString name;
     std::function<void()> run;
-    bool commitsGrids =
-        true; ///< what is being typed into a grid is taken over first; where it is refused, nothing runs
+    bool settles = true; ///< what is being typed is taken over first; where it is refused, nothing runs
 };
 
 class WindowCommands : public QObject
@@ -36,6 +36,8 @@ public:
     void Add(const Command& command);
     /// A grid of the window, with its popup.
     void AddGrid(GridView* view) { m_grids.append(view); }
+    /// The size fields of the window.
+    void SetSizes(SizeFields& sizes) { m_sizes = &sizes; }
     /// Menus and toolbar, once all commands and grids are known.
     void Build();
 
@@ -50,13 +52,17 @@ public:
     {
         return [this](const auto& event) { Run(event); };
     }
-    /// Runs a command, after what is being typed into a grid.
+    /// Runs a command, after what is being typed.
     void RunCommand(const std::function<void()>& command);
-    /// False when a grid refuses what is being typed into it.
-    bool CommitGrids();
+    /// Takes over what is being typed. False when a field or a grid refuses it.
+    [[nodiscard]] bool Settle();
 
     void FileChiudi();
     void StrumentiSetup();
+
+Q_SIGNALS:
+    /// An event is over, whatever came of it.
+    void Ran();
 
 private:
     static QString ItemOf(const QString& button);
@@ -73,6 +79,7 @@ private:
     Frame& m_frame;
     std::vector<Command> m_commands;
     QList<GridView*> m_grids;
+    SizeFields* m_sizes = nullptr;
     QList<QMenu*> m_menus;
     QToolBar* m_toolbar;
 };

@@ -9,7 +9,6 @@
 #include <QButtonGroup>
 #include <QFormLayout>
 #include <QHeaderView>
-#include <QKeyEvent>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -50,7 +49,10 @@ int NextRow(const QGridLayout* layout)
 } // namespace
 
 WindowFields::WindowFields(TestDocument& document, Guard guard, QObject* parent)
-    : QObject(parent), m_document(document), m_guard(std::move(guard))
+    : QObject(parent),
+      m_document(document),
+      m_guard(std::move(guard)),
+      m_sizes(new SizeFields(document, m_guard, this))
 {
 }
 
@@ -87,31 +89,9 @@ QGroupBox* WindowFields::ConclusionsFrame(const QString& frameName)
     return box;
 }
 
-QLineEdit* WindowFields::MakeSizeField(QLatin1StringView control)
-{
-    auto* edit = new QLineEdit;
-    edit->setObjectName(control);
-    edit->setValidator(UpToFourDigits(edit));
-    edit->setFixedWidth(edit->fontMetrics().horizontalAdvance(u"00000000"_s));
-    edit->installEventFilter(this);
-    connect(edit, &QLineEdit::textEdited, this,
-            [this, control](const QString& text) { m_guard([&] { m_document.TypeSize(control, text); }); });
-    m_sizes.append(edit);
-    return edit;
-}
-
 void WindowFields::AddSize(QGridLayout* layout, const SizeRow& row)
 {
-    const SizeField& field = m_document.SizeOf(row.control);
-    QLineEdit* edit = MakeSizeField(field.control);
-    QLabel* caption = FixedLabel(row.labelName, field.caption);
-    caption->setWordWrap(true);
-    caption->setBuddy(edit);
-    const int at = NextRow(layout);
-    layout->addWidget(caption, at, 0);
-    layout->addWidget(edit, at, 1);
-    layout->addWidget(FixedLabel(row.minimumName, field.MinimumCaption()), at, 2);
-    layout->setColumnStretch(0, 1);
+    m_sizes->Add(layout, NextRow(layout), row);
 }
 
 void WindowFields::AddOptions(QGridLayout* layout, int columns)
@@ -227,8 +207,7 @@ void WindowFields::Refresh()
 {
     for (qsizetype i = 0; i < m_inputs.size(); ++i)
         ShowText(m_inputs[i], m_document.InputData(static_cast<int>(i)));
-    for (QLineEdit* edit : std::as_const(m_sizes))
-        ShowText(edit, m_document.ControlText(edit->objectName()));
+    m_sizes->Refresh();
     for (QLabel* label : std::as_const(m_labels)) {
         ShowText(label, OneLineEnd(m_document.ControlText(label->objectName())));
         label->setVisible(m_document.ControlVisible(label->objectName()));
@@ -253,38 +232,7 @@ void WindowFields::ShowOption()
     }
 }
 
-bool WindowFields::eventFilter(QObject* object, QEvent* event)
+bool WindowFields::eventFilter(QObject* /*object*/, QEvent* event)
 {
-    // Ctrl+X belongs to the menu, where it clears; a field would take it for itself and cut.
-    if (event->type() == QEvent::ShortcutOverride) {
-        const auto* key = static_cast<QKeyEvent*>(event);
-        if (key->key() == Qt::Key_X && key->modifiers() == Qt::ControlModifier)
-            return true;
-    }
-    auto* edit = qobject_cast<QLineEdit*>(object);
-    return m_sizes.contains(edit) && FilterSizeField(edit, event);
-}
-
-bool WindowFields::FilterSizeField(QLineEdit* edit, QEvent* event)
-{
-    if (event->type() == QEvent::FocusIn) {
-        // The click that brings the focus places the caret after this, so that selecting comes later.
-        QMetaObject::invokeMethod(edit, &QLineEdit::selectAll, Qt::QueuedConnection);
-    } else if (event->type() == QEvent::FocusOut) {
-        const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
-        if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason &&
-            reason != Qt::MenuBarFocusReason)
-            LeaveSizeField(edit);
-    }
-    return false;
-}
-
-void WindowFields::LeaveSizeField(QLineEdit* edit)
-{
-    m_guard([&] {
-        const QByteArray control = edit->objectName().toLatin1();
-        if (!m_document.LeaveSize(QLatin1StringView(control)))
-            QMetaObject::invokeMethod(
-                edit, [edit] { edit->setFocus(); }, Qt::QueuedConnection);
-    });
+    return BelongsToMenu(*event);
 }

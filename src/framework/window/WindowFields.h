@@ -2,6 +2,7 @@
 #pragma once
 
 #include "framework/window/Guard.h"
+#include "framework/window/SizeFields.h"
 
 #include <QAnyStringView>
 #include <QGridLayout>
@@ -18,13 +19,6 @@
 #include <QTableView>
 
 class TestDocument;
-
-/// A size field in a frame: the names of its two labels.
-struct SizeRow {
-    QLatin1StringView control;
-    QString labelName;
-    QString minimumName;
-};
 
 /// Results beside each other behind a label. Without results the label is a heading, without a label the
 /// result takes the whole row. A label of which the document has a field shows what that field does.
@@ -47,7 +41,7 @@ public:
     QWidget* HeaderFields(const QString& labelName);
     /// A frame with the conclusions.
     QGroupBox* ConclusionsFrame(const QString& frameName);
-    /// The size field of a row, in the next row of a layout: caption, field, smallest number.
+    /// As SizeFields::Add, in the next row of a layout.
     void AddSize(QGridLayout* layout, const SizeRow& row);
     /// The options of the document, each in a row of its own over so many columns; those that are hidden,
     /// too.
@@ -64,6 +58,7 @@ public:
     /// A frame whose title is a text, or the name of a field whose text and visibility the frame follows.
     QGroupBox* TitledBox(const QString& name, const QString& title);
 
+    SizeFields& Sizes() { return *m_sizes; }
     void Refresh();
     /// The first header field gets the focus.
     void FocusFirst() { m_inputs.constFirst()->setFocus(); }
@@ -73,15 +68,12 @@ protected:
 
 private:
     QLabel* RowLabel(const ResultRow& row);
-    QLineEdit* MakeSizeField(QLatin1StringView control);
-    bool FilterSizeField(QLineEdit* edit, QEvent* event);
-    void LeaveSizeField(QLineEdit* edit);
     void ShowOption();
 
     TestDocument& m_document;
     Guard m_guard;
     QList<QLineEdit*> m_inputs;
-    QList<QLineEdit*> m_sizes;
+    SizeFields* m_sizes;
     QList<QLabel*> m_labels;            ///< result fields, and labels that change
     QHash<QGroupBox*, QString> m_boxes; ///< frames, by the fields that they follow
     QList<QRadioButton*> m_options;

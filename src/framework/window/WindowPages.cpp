@@ -9,6 +9,7 @@
 #include "framework/window/CornerLabel.h"
 #include "framework/window/Descriptions.h"
 #include "framework/window/EditCommands.h"
+#include "framework/window/GridNotices.h"
 #include "framework/window/GridView.h"
 #include "framework/window/WindowCommands.h"
 
@@ -17,16 +18,19 @@
 #include <QScrollArea>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <utility>
 
 using namespace Qt::StringLiterals;
 
 WindowPages::WindowPages(TestDocument& document, WindowFields& fields, Descriptions& descriptions,
-                         WindowCommands& commands)
+                         WindowCommands& commands, GridNotices& notices)
     : m_document(document),
       m_fields(fields),
       m_descriptions(descriptions),
       m_commands(commands),
+      m_notices(notices),
+      m_regions(*this),
       m_views(document.Grids().size())
 {
     setObjectName(u"SSTab1"_s);
@@ -49,8 +53,11 @@ void WindowPages::AddInfoPage(const QString& labelName, const QString& conclusio
     QGroupBox* conclusions = m_fields.ConclusionsFrame(conclusionsFrame);
     m_descriptions.Describe(conclusions, m_document.Context().define.DescConcl);
     auto* layout = new QVBoxLayout(page);
-    layout->addWidget(m_fields.HeaderFields(labelName));
+    QWidget* header = m_fields.HeaderFields(labelName);
+    layout->addWidget(header);
     layout->addWidget(conclusions, 1);
+    m_regions.Add(Region::Header, header);
+    m_regions.Add(Region::Conclusions, conclusions);
     AddPage(page, u"Info/Conclusioni"_s);
 }
 
@@ -74,6 +81,7 @@ void WindowPages::AddChartPage(const QString& caption)
 {
     auto* page = new ChartPage(m_document, caption);
     m_charts.append(page);
+    m_regions.Add(Region::Chart, page);
     AddPage(page, caption);
 }
 
@@ -83,6 +91,7 @@ QGroupBox* WindowPages::SizeFrame(const QString& name, const QString& title, con
     auto* layout = new QGridLayout(box);
     for (const SizeRow& row : rows)
         m_fields.AddSize(layout, row);
+    m_regions.Add(Region::Sizes, box);
     return box;
 }
 
@@ -107,17 +116,23 @@ GridView* WindowPages::MakeGridView(std::size_t index, const QString& caption)
     m_views[index] = view;
     m_commands.AddGrid(view);
     m_descriptions.Describe(view, m_document.Context().define.DescGrid);
-    connect(&grid, &DataGrid::Edited, this, [this, &grid](const GridChange& change) {
+    m_notices.Watch(view);
+    m_regions.Add(Region::Grid, view);
+    connect(&grid, &DataGrid::Edited, this, [this, view, &grid](const GridChange& change) {
         m_commands.SetTools(true);
         m_commands.Run([&] { m_document.CellsEdited(grid, change); });
-        Q_EMIT Said({});
+        if (change.again && change.part == GridChange::Part::Cells) {
+            m_regions.GoTo(view);
+            view->SelectBlock(change.block);
+        }
+        Q_EMIT Edited();
     });
-    connect(view, &GridView::Refused, this, [this, &grid](const QString& text) {
-        Q_EMIT Said(u"\"%1\" non è un numero da 0 a %2"_s.arg(text, grid.Format().LargestText()));
-    });
-    connect(view, &GridView::Pasted, this, [this](const PasteCount& count) {
-        Q_EMIT Said(u"Celle incollate: %1, rifiutate: %2, fuori dalla griglia: %3"_s.arg(
-            QString::number(count.taken), QString::number(count.refused), QString::number(count.outside)));
+    connect(view, &GridView::TurnAsked, this, [this, view](bool forward) {
+        const QModelIndex at = view->currentIndex();
+        m_commands.Run([&] { forward ? m_document.Redo() : m_document.Undo(); });
+        if (!view->currentIndex().isValid()) // the grid has another size
+            view->setCurrentIndex(view->model()->index(std::min(at.row(), view->Grid().Rows() - 1),
+                                                       std::min(at.column(), view->Grid().Cols() - 1)));
     });
     connect(view, &GridView::Dropped, this, [this, view, &grid](const GridBlock& from, int row, int col) {
         m_commands.Run([&] { DropBlock(*view, grid.Edits(), from, row, col, m_document.Context()); });
@@ -131,6 +146,7 @@ QGroupBox* WindowPages::TableFrame(const QString& name, const QString& title, QL
     m_descriptions.Describe(box, m_document.Context().define.DescResults);
     auto* layout = new QVBoxLayout(box);
     layout->addWidget(m_fields.TableView(control));
+    m_regions.Add(Region::Results, box);
     return box;
 }
 
@@ -139,6 +155,7 @@ QGroupBox* WindowPages::ResultBox(const QString& name, QGridLayout*& layout, con
     QGroupBox* box = WindowFields::FrameBox(name, title);
     m_descriptions.Describe(box, m_document.Context().define.DescResults);
     layout = new QGridLayout(box);
+    m_regions.Add(Region::Results, box);
     return box;
 }
 
@@ -149,6 +166,21 @@ void WindowPages::ShowFirstPage()
         m_fields.FocusFirst();
     else
         widget(m_firstPage)->findChild<QLineEdit*>()->setFocus();
+}
+
+QWidget* WindowPages::LastInTabOrder() const
+{
+    QWidget* last = nullptr;
+    for (QWidget* next = nextInFocusChain(); next != this; next = next->nextInFocusChain()) {
+        if (isAncestorOf(next))
+            last = next;
+    }
+    return last;
+}
+
+void WindowPages::TurnPage(bool forward)
+{
+    setCurrentIndex((currentIndex() + (forward ? 1 : count() - 1)) % count());
 }
 
 void WindowPages::Refresh()

@@ -1,6 +1,7 @@
 // The pages of a test window, and the frames that they are put together from.
 #pragma once
 
+#include "framework/window/Regions.h"
 #include "framework/window/WindowFields.h"
 
 #include <QGroupBox>
@@ -12,6 +13,7 @@
 
 class ChartPage;
 class Descriptions;
+class GridNotices;
 class GridView;
 class TestDocument;
 class WindowCommands;
@@ -23,7 +25,7 @@ class WindowPages : public QTabWidget
 public:
     /// All but this object outlive it.
     WindowPages(TestDocument& document, WindowFields& fields, Descriptions& descriptions,
-                WindowCommands& commands);
+                WindowCommands& commands, GridNotices& notices);
 
     /// The page scrolls where the window is smaller than what stands on it.
     void AddPage(QWidget* page, const QString& caption);
@@ -56,9 +58,16 @@ public:
     void Refresh();
     QSize PagesHint() const;
 
+    /// The last widget that Tab reaches on the pages.
+    QWidget* LastInTabOrder() const;
+    /// The next page, or the one before; behind the last one comes the first.
+    void TurnPage(bool forward);
+    /// As Regions::Turn.
+    void TurnRegion(bool forward) { m_regions.Turn(forward); }
+
 Q_SIGNALS:
-    /// Something to be told about a grid; an empty text tells that the last one no longer holds.
-    void Said(const QString& text);
+    /// The user changed a grid.
+    void Edited();
 
 private:
     GridView* MakeGridView(std::size_t index, const QString& caption);
@@ -67,6 +76,8 @@ private:
     WindowFields& m_fields;
     Descriptions& m_descriptions;
     WindowCommands& m_commands;
+    GridNotices& m_notices;
+    Regions m_regions;
     std::vector<GridView*> m_views; ///< by the grid's index
     QList<ChartPage*> m_charts;
     int m_firstPage = 0;

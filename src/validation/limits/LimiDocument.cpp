@@ -19,7 +19,8 @@ const DocumentShape& LimiShape()
                   u"N. di misure di una concentrazione (quantità) prossima al limite di rilevabilità e del "
                   "valore del bianco"_s,
               .initial = u"10"_s,
-              .minimum = 5}},
+              .minimum = 5,
+              .rowsOf = SizeField::kAllColumns}},
         .options = {{"OptionRilDet0"_L1, u"Limite di rilevazione"_s, 0},
                     {"OptionRilDet1"_L1, u"Limite di determinazione"_s, 1}},
         .optionsShow = true,

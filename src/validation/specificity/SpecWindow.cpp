@@ -28,11 +28,11 @@ SpecWindow::SpecWindow(std::unique_ptr<TestDocument> document, Frame& frame)
 
 void SpecWindow::Activated()
 {
+    TestWindow::Activated();
     // On a page that is not in front the field would hold the focus unseen, and keep it from what is seen.
     auto* field = findChild<QLineEdit*>(SpecDocument::kGruppoA);
     if (field->isVisible())
         field->setFocus();
-    TestWindow::Activated();
 }
 
 QGroupBox* SpecWindow::GroupFrame(const GroupText& group)

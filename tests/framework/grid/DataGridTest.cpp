@@ -21,6 +21,17 @@ void FillWithPlaces(DataGrid& grid, int rows, int cols)
         grid.SetValue(i / cols, i % cols, i);
 }
 
+/// "8 2 0 0": taken, refused, outside, rounded; the first refused; the block; whether headed and changed.
+QString Told(const PasteCount& count)
+{
+    QString text = u"%1 %2 %3 %4"_s.arg(count.taken).arg(count.refused).arg(count.outside).arg(count.rounded);
+    if (const auto& first = count.firstRefused)
+        text +=
+            u", first %1 %2 %3"_s.arg(QString::number(first->row), QString::number(first->col), first->text);
+    text += u", %1 x %2"_s.arg(count.block.rows).arg(count.block.cols);
+    return text + (count.headed ? u", headed"_s : QString()) + (count.changed ? u", changed"_s : QString());
+}
+
 } // namespace
 
 class DataGridTest : public QObject
@@ -182,32 +193,43 @@ private Q_SLOTS:
     void HistoryHasAnEnd()
     {
         DataGrid grid(u"."_s);
+        History& steps = grid.Edits().Steps();
         const auto takenBack = [&] {
-            int steps = 0;
-            while (grid.Edits().Undo())
-                ++steps;
-            return steps;
+            int count = 0;
+            while (steps.Undo())
+                ++count;
+            return count;
         };
         const auto type = [&](const QString& first, const QString& second) {
             return grid.Edits().TypeText(0, 0, first) && grid.Edits().TypeText(0, 0, second);
         };
-        grid.SetSize(1024, 512);
+        const auto addLarge = [&] { steps.Add({[](bool) {}, std::size_t{1} << 20}); };
+        grid.SetSize(1, 1);
         QVERIFY(type(u"1"_s, u"2"_s));
-        grid.Edits().ChangeSize(grid.Cells()); // as many cells before and after as a history holds
+        addLarge(); // as many cells as a history holds
         QCOMPARE(takenBack(), 1);
-        grid.Edits().Redo();
-        QVERIFY(type(u"3"_s, u"4"_s)); // the size went with the first of them
+        steps.Redo();
+        QVERIFY(type(u"3"_s, u"4"_s)); // the large one went with the first of them
         QCOMPARE(takenBack(), 2);
         QVERIFY(type(u"5"_s, u"6"_s)); // in the place of those that were taken back
         QCOMPARE(takenBack(), 2);
-        grid.Edits().ChangeSize(grid.Cells());
-        grid.Edits().ForgetHistory();
+        addLarge();
+        steps.Clear();
         QVERIFY(type(u"7"_s, u"8"_s));
         QCOMPARE(takenBack(), 2);
-        grid.Edits().ChangeSize(grid.Cells());
+        addLarge();
         QCOMPARE(takenBack(), 1);
         QVERIFY(type(u"9"_s, u"1"_s)); // no weight is left of what was taken back
         QCOMPARE(takenBack(), 2);
+        const QString before = grid.Text(0, 0);
+        {
+            const History::Group group(steps);
+            QVERIFY(type(u"4"_s, u"3"_s));
+            addLarge();
+        }
+        QCOMPARE(takenBack(), 1);
+        QCOMPARE(grid.Text(0, 0), before);
+        QVERIFY(steps.Redo() && grid.Text(0, 0) == u"3"_s);
     }
 
     void EmptyCellsAreNoNumbers()
@@ -263,8 +285,8 @@ private Q_SLOTS:
             grid.SetSize(6, 2);
             grid.SetDigits({.interi = 7, .decimali = 6});
             grid.FillEmptyWithZero();
-            QCOMPARE(grid.Edits().PasteText(0, 0, text),
-                     (PasteCount{.taken = 8, .refused = 2, .outside = 0}));
+            QCOMPARE(Told(grid.Edits().PasteText(0, 0, text)),
+                     u"8 2 0 0, first 2 0 con \"virgolette\", 5 x 2, changed"_s);
             const QList<double> expected = {1.5, 1234.5, 0.125, 12, 0, 0, 7, 1234567.25, -1, 0.000012, 0, 0};
             for (int i = 0; i < expected.size(); ++i)
                 QCOMPARE_EQ(grid.Value(i / 2, i % 2).value_or(-1), expected[i]);
@@ -277,15 +299,15 @@ private Q_SLOTS:
         FillWithPlaces(grid, 3, 2);
         grid.SetLocked(2, 1, true);
         QSignalSpy edited(&grid, &DataGrid::Edited);
-        QCOMPARE(grid.Edits().PasteText(1, 1, u"5\t6\n7\t8\n9"_s),
-                 (PasteCount{.taken = 1, .refused = 1, .outside = 3}));
+        QCOMPARE(Told(grid.Edits().PasteText(1, 1, u"5\t6\n7\t8\n9"_s)), u"1 0 4 0, 3 x 2, changed"_s);
         QCOMPARE(grid.Edits().BlockText({.row = 0, .col = 0, .rows = 3, .cols = 2}), u"0\t1\n2\t5\n4\t5"_s);
         QCOMPARE(edited.size(), 1);
         QCOMPARE(edited[0][0].value<GridChange>().block,
                  (GridBlock{.row = 1, .col = 1, .rows = 1, .cols = 1}));
-        QCOMPARE(grid.Edits().PasteText(0, 0, u"10\n-1\nx"_s),
-                 (PasteCount{.taken = 0, .refused = 3, .outside = 0}));
+        QCOMPARE(Told(grid.Edits().PasteText(0, 0, u"10\n-1\nx"_s)), u"0 3 0 0, first 0 0 10, 3 x 1"_s);
         QCOMPARE(edited.size(), 1); // nothing changed
+        QCOMPARE(Told(grid.Edits().PasteText(0, 0, u"A\t\n0.4\tx"_s)),
+                 u"2 2 0 1, first 0 0 A, 2 x 2, headed, changed"_s);
     }
 
     void ClearAndLocks()
@@ -301,8 +323,8 @@ private Q_SLOTS:
         QVERIFY(grid.Edits().TypeText(1, 0, u"7"_s));
         grid.SetLocked(1, 0, true);
         grid.Edits().ClearBlock({.row = 1, .col = 0});
-        QVERIFY(!grid.Edits().Undo()); // the typing; the clearing was no step
-        QVERIFY(grid.Edits().Undo());
+        grid.Edits().Steps().Undo(); // the typing, in a cell that is locked now; the clearing was no step
+        QVERIFY(grid.Edits().Steps().Undo());
         QCOMPARE(grid.Text(1, 0), u"7"_s);
     }
 
@@ -352,23 +374,24 @@ private Q_SLOTS:
         const auto text = [&] { return grid.Edits().BlockText({.row = 0, .col = 0, .rows = 3, .cols = 1}); };
         QCOMPARE(text(), u"\n7\n9"_s);
         grid.Edits().SetChangeMade(false);
-        QCOMPARE(grid.Edits().Undo()->block, (GridBlock{.row = 0, .col = 0, .rows = 2, .cols = 1}));
+        const QSignalSpy edited(&grid, &DataGrid::Edited);
+        QVERIFY(grid.Edits().Steps().Undo());
+        QCOMPARE(edited[0][0].value<GridChange>(),
+                 (GridChange{.block = {.row = 0, .col = 0, .rows = 2, .cols = 1}, .again = true}));
         QCOMPARE(text(), u"7\n8\n9"_s);
         QVERIFY(grid.Edits().ChangeMade());
-        grid.Edits().Undo();
+        grid.Edits().Steps().Undo();
         QCOMPARE(text(), u"7\n1\n2"_s);
-        grid.Edits().Redo();
+        grid.Edits().Steps().Redo();
         QCOMPARE(text(), u"7\n8\n9"_s);
-        grid.Edits().Undo();
+        grid.Edits().Steps().Undo();
         QVERIFY(grid.Edits().TypeText(2, 0, u"5"_s)); // what was taken back is gone
-        QVERIFY(!grid.Edits().Redo());
+        QVERIFY(!grid.Edits().Steps().Redo());
         grid.SetSize(2, 1); // and rows that are gone are passed over
-        QVERIFY(!grid.Edits().Undo());
-        grid.Edits().Undo();
+        grid.Edits().Steps().Undo();
+        grid.Edits().Steps().Undo();
         QCOMPARE(grid.Text(0, 0), u"0"_s);
-        QVERIFY(!grid.Edits().Undo());
-        grid.Clear();
-        QVERIFY(!grid.Edits().Redo());
+        QVERIFY(!grid.Edits().Steps().Undo());
     }
 
     void HeadersThatAreData()
@@ -376,53 +399,31 @@ private Q_SLOTS:
         DataGrid grid(u","_s);
         FillWithPlaces(grid, 3, 2);
         QVERIFY(!grid.Edits().TypeHeader(0, u"5"_s)); // not in this grid
-        QCOMPARE(grid.Edits().PasteHeaders(0, u"5"_s), (PasteCount{.taken = 0, .refused = 1, .outside = 0}));
+        QCOMPARE(grid.Edits().PasteHeaders(0, u"5"_s).outside, 1);
         grid.Edits().SetHeadersEditable(true);
         QSignalSpy told(&grid, &QAbstractItemModel::headerDataChanged);
         QVERIFY(grid.setHeaderData(0, Qt::Horizontal, u"5,0"_s));
         QCOMPARE(grid.ColumnHeader(0), u"5"_s);
         QVERIFY(grid.Edits().ChangeMade());
         QVERIFY(!grid.Edits().TypeHeader(1, u"-1"_s) && !grid.Edits().TypeHeader(2, u"1"_s));
-        QCOMPARE(grid.Edits().PasteHeaders(0, u"7\n8\n9"_s),
-                 (PasteCount{.taken = 2, .refused = 0, .outside = 1}));
-        QCOMPARE(grid.Edits().PasteHeaders(0, u"x\t6\n1\t1"_s),
-                 (PasteCount{.taken = 1, .refused = 1, .outside = 0}));
+        QCOMPARE(Told(grid.Edits().PasteHeaders(0, u"7\n8\n9"_s)), u"2 0 1 0, 1 x 1"_s);
+        QCOMPARE(Told(grid.Edits().PasteHeaders(0, u"x\t6\n1\t1"_s)), u"1 1 0 0, first 0 0 x, 1 x 1"_s);
         QCOMPARE(grid.Cells().headers, QStringList({u"7"_s, u"6"_s}));
         QCOMPARE(told.size(), 3);
         // The headers stand in the one history with the cells.
         QVERIFY(grid.Edits().TypeText(0, 0, u"3"_s));
-        QCOMPARE(grid.Edits().Undo()->part, GridChange::Part::Cells);
-        QCOMPARE(grid.Edits().Undo()->block, (GridBlock{.row = 0, .col = 1, .rows = 1, .cols = 1}));
+        const QSignalSpy edited(&grid, &DataGrid::Edited);
+        QVERIFY(grid.Edits().Steps().Undo() && grid.Edits().Steps().Undo());
+        QCOMPARE(edited[0][0].value<GridChange>().part, GridChange::Part::Cells);
+        QCOMPARE(
+            edited[1][0].value<GridChange>(),
+            (GridChange{.part = GridChange::Part::Headers, .block = {.row = 0, .col = 1}, .again = true}));
         QCOMPARE(grid.Cells().headers, QStringList({u"7"_s, u"8"_s}));
-        grid.Edits().Undo();
-        QCOMPARE(grid.Edits().Redo()->part, GridChange::Part::Headers);
+        grid.Edits().Steps().Undo();
+        QVERIFY(grid.Edits().Steps().Redo());
         QCOMPARE(grid.Cells().headers, QStringList({u"7"_s, u"8"_s}));
         grid.SetSize(3, 1); // a header that is gone is passed over
-        QVERIFY(!grid.Edits().Redo());
-    }
-
-    void SizeIsAStep()
-    {
-        DataGrid grid(u","_s);
-        FillWithPlaces(grid, 3, 2);
-        QAbstractItemModelTester tester(&grid, QAbstractItemModelTester::FailureReportingMode::QtTest);
-        grid.SetLocked(2, 1, true);
-        grid.SetColumnHeader(1, u"B"_s);
-        QVERIFY(grid.Edits().TypeText(2, 0, u"9"_s));
-        const QSignalSpy reset(&grid, &QAbstractItemModel::modelReset);
-        GridCells smaller = grid.Cells().Resized(1, 1);
-        smaller.headers[0] = u"A"_s;
-        grid.Edits().ChangeSize(smaller);
-        QCOMPARE(reset.size(), 1);
-        QCOMPARE(grid.Rows() * 10 + grid.Cols(), 11);
-        QCOMPARE(grid.Edits().Undo()->part, GridChange::Part::Size);
-        QCOMPARE(grid.Edits().BlockText({.row = 0, .col = 0, .rows = 3, .cols = 2}), u"0\t1\n2\t3\n9\t5"_s);
-        QVERIFY(grid.IsLocked(2, 1) && grid.ColumnHeader(1) == u"B"_s);
-        QCOMPARE(grid.Edits().Undo()->part, GridChange::Part::Cells);
-        QCOMPARE(grid.Text(2, 0), u"4"_s);
-        grid.Edits().Redo();
-        grid.Edits().Redo();
-        QCOMPARE(grid.ColumnHeader(0), u"A"_s);
+        grid.Edits().Steps().Redo();
     }
 
     void LargestText()

@@ -1,0 +1,34 @@
+// What the notice bar tells of the grids: texts that were refused, and what became of a paste.
+#pragma once
+
+#include "framework/grid/GridEdits.h"
+#include "framework/window/Guard.h"
+#include "framework/window/NoticeBar.h"
+
+#include <QObject>
+#include <QString>
+
+class GridView;
+class TestDocument;
+
+class GridNotices : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// All outlive this object. guard: settles what is being typed, too.
+    GridNotices(TestDocument& document, Guard guard, NoticeBar& bar, QObject* parent);
+
+    void Watch(GridView* view);
+    /// A step of the history other than the paste that is told of: it can't be done in another way any more.
+    void StepMade();
+
+private:
+    void TellPaste(GridView* view, const PasteCount& count, const QString& text);
+    void PasteAgain(GridView* view, const PasteCount& count, const QString& text, bool whole);
+
+    TestDocument& m_document;
+    Guard m_guard;
+    NoticeBar& m_bar;
+    int m_pasteState = -1; ///< of the history, with the paste that is told of
+};
