@@ -1,6 +1,7 @@
 #include "shell/Program.h"
 
 #include "framework/document/DocumentContext.h"
+#include "framework/window/Furnishings.h"
 #include "shell/StartUp.h"
 
 #include <QApplication>
@@ -26,6 +27,7 @@ Program::Program()
     // The texts that Qt itself shows are Italian, too, whatever the system's language.
     if (m_translator.load(u"qtbase_it"_s, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
         QApplication::installTranslator(&m_translator);
+    FurnishProgram();
 }
 
 Program::~Program()

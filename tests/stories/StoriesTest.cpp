@@ -1,5 +1,6 @@
 // The stories: whole windows after each thing that a user does.
 #include "Compare.h"
+#include "framework/window/Furnishings.h"
 #include "stories/ExpectedText.h"
 #include "stories/Story.h"
 
@@ -38,13 +39,15 @@ private Q_SLOTS:
         QVERIFY2(difference.isEmpty(), qPrintable(difference));
     }
 
-    /// Once it is painted, which no story waits for.
-    void TheFrameGetsItsPicture()
+    /// The picture once it is painted, which no story waits for.
+    void TheFrameIsFurnished()
     {
         const QTemporaryDir home;
         qputenv("HOME", QFile::encodeName(home.path()));
         Program program;
         QVERIFY(program.Start());
+        const QPalette menus = QApplication::palette("QMenu");
+        QCOMPARE(menus.color(QPalette::Disabled, QPalette::Text), QColor(kDisabledColor));
         QTRY_VERIFY(!program.Window().windowIcon().pixmap(32).isNull());
     }
 };

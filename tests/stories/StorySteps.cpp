@@ -140,6 +140,11 @@ void Story::Press(const QString& keys)
         target = QApplication::focusWidget();
     if (target == nullptr)
         target = Window();
+    if (key.key() == Qt::Key_Menu) { // the desktop makes this of it
+        QContextMenuEvent menu(QContextMenuEvent::Keyboard, {}, target->mapToGlobal(QPoint()));
+        QApplication::sendEvent(target, &menu);
+        return;
+    }
     QTest::keyClick(target, key.key(), key.keyboardModifiers());
 }
 

@@ -3,8 +3,10 @@
 #include "framework/grid/DataGrid.h"
 #include "framework/window/ChartView.h"
 #include "framework/window/CornerLabel.h"
+#include "framework/window/Furnishings.h"
 #include "framework/window/GridView.h"
 #include "framework/window/NoticeBar.h"
+#include "framework/window/ResultField.h"
 #include "framework/window/StatusPanels.h"
 #include "framework/window/TestMenus.h"
 #include "shell/LogoView.h"
@@ -140,6 +142,22 @@ QHash<const QWidget*, int> TabPlaces(const QWidget* window)
     return places;
 }
 
+/// How a result, a table or the conclusions are told from others by ground, text and tool tip; empty for
+/// other controls.
+QString ResultStateOf(const QWidget* widget)
+{
+    const auto* field = qobject_cast<const ResultField*>(widget);
+    const auto* table = qobject_cast<const QTableView*>(widget);
+    if (field == nullptr && qobject_cast<const QPlainTextEdit*>(widget) == nullptr &&
+        (table == nullptr || qobject_cast<const GridView*>(table) != nullptr))
+        return {};
+    const bool dimmed = widget->palette().color(QPalette::Text) == QColor(kDimmedColor);
+    const QString tip = widget->toolTip();
+    if (!dimmed && tip == (field == nullptr ? QString() : field->text()))
+        return u"current"_s;
+    return dimmed ? tip.isEmpty() ? u"none"_s : Quoted(tip) : u"UNTOLD "_s + Quoted(tip);
+}
+
 class PictureMaker
 {
 public:
@@ -181,6 +199,7 @@ private:
     QHash<QString, int> m_seen;
     QHash<const QWidget*, int> m_tabs;
     QHash<const QWidget*, QString> m_cells; ///< row and column in the layout
+    QSet<QString> m_resultStates;           ///< of the results of a window: told once
     qsizetype m_depth = 0;
 };
 
@@ -196,7 +215,9 @@ void PictureMaker::Control(const QString& role, const QWidget* widget, const QSt
         line += u" named "_s + Quoted(widget->accessibleName());
     if (!widget->accessibleDescription().isEmpty() && !text.contains(Quoted(widget->accessibleDescription())))
         line += u" described "_s + Quoted(widget->accessibleDescription());
-    if (!widget->toolTip().isEmpty())
+    if (const QString state = ResultStateOf(widget); !state.isEmpty())
+        m_resultStates.insert(state);
+    else if (!widget->toolTip().isEmpty())
         line += text.contains(Quoted(widget->toolTip())) ? u" tip"_s : u" tip "_s + Quoted(widget->toolTip());
     if (widget->isHidden() && !widget->isWindow())
         line += u" hidden"_s;
@@ -410,6 +431,8 @@ bool PictureMaker::Simple(const QWidget* widget)
             line += u" right"_s;
         if (label->textInteractionFlags().testFlag(Qt::TextSelectableByMouse))
             line += u" selectable"_s;
+        if (label->hasSelectedText())
+            line += u" selected "_s + Quoted(label->selectedText());
         Control(u"label"_s, label, line);
     } else if (const auto* field = qobject_cast<const QLineEdit*>(widget)) {
         QString line = Quoted(field->text());
@@ -511,6 +534,12 @@ void PictureMaker::Show(const QWidget* widget)
         Inside(child->widget());
     else
         Inside(widget);
+    if (window && !m_resultStates.isEmpty()) {
+        QStringList states(m_resultStates.begin(), m_resultStates.end());
+        states.sort();
+        Line(u"results"_s, {}, states.join(u" and "_s));
+        m_resultStates.clear();
+    }
     m_depth -= deeper ? 1 : 0;
 }
 

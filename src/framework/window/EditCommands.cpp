@@ -25,7 +25,7 @@ std::optional<QString> SelText(const QWidget* control)
     if (const auto* text = qobject_cast<const QPlainTextEdit*>(control))
         return text->textCursor().selectedText().replace(QChar::ParagraphSeparator, u'\n');
     if (const auto* label = qobject_cast<const QLabel*>(control))
-        return label->selectedText();
+        return label->selectedText().replace(QChar::ParagraphSeparator, u'\n');
     return std::nullopt;
 }
 

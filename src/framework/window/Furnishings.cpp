@@ -2,6 +2,7 @@
 
 #include "framework/text/Twips.h"
 
+#include <QApplication>
 #include <QPalette>
 
 #include <algorithm>
@@ -16,7 +17,20 @@ constexpr int kRedStep = 1;
 constexpr int kGreenStep = 1;
 constexpr int kBlueStep = 7;
 
+void SetDisabled(QPalette& palette)
+{
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        palette.setColor(QPalette::Disabled, role, QColor(kDisabledColor));
+}
+
 } // namespace
+
+void FurnishProgram()
+{
+    QPalette palette; // what is not set stays the desktop's
+    SetDisabled(palette);
+    QApplication::setPalette(palette);
+}
 
 void FurnishPalette(QWidget* window)
 {
@@ -26,11 +40,21 @@ void FurnishPalette(QWidget* window)
     palette.setColor(QPalette::AlternateBase, page.lighter(105));
     for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
         palette.setColor(role, QColor(0x20, 0x20, 0x20));
-    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
-        palette.setColor(QPalette::Disabled, role, QColor(0x8a, 0x86, 0x6a));
+    SetDisabled(palette);
     palette.setColor(QPalette::Highlight, QColor(0x2f, 0x6f, 0xa8));
     palette.setColor(QPalette::HighlightedText, Qt::white);
     window->setPalette(palette);
+}
+
+void Dim(QWidget* widget, bool dimmed)
+{
+    QPalette palette; // what is not set comes from the window
+    if (dimmed) {
+        palette.setColor(QPalette::WindowText, QColor(kDimmedColor));
+        palette.setColor(QPalette::Text, QColor(kDimmedColor));
+        palette.setColor(QPalette::Base, QColor(kDimmedGround));
+    }
+    widget->setPalette(palette);
 }
 
 void PaintBands(QPainter& painter, const QSize& size)

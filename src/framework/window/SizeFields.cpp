@@ -16,6 +16,9 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
+/// In characters. Longer captions go over several lines, none of them shorter than this.
+constexpr int kLongCaption = 30;
+
 QString RefusedText(const SizeField& field, const QString& text)
 {
     const QString what = text.isEmpty() ? u"Il campo è vuoto"_s : u"\"%1\" non è ammesso"_s.arg(text);
@@ -69,7 +72,10 @@ void SizeFields::Add(QGridLayout* layout, int at, const SizeRow& row)
     const SizeField& field = m_document.SizeOf(row.control);
     QLineEdit* edit = Make(field.control);
     QLabel* caption = Label(row.labelName, field.caption);
-    caption->setWordWrap(true);
+    if (field.caption.size() > kLongCaption) {
+        caption->setWordWrap(true);
+        caption->setMinimumWidth(caption->fontMetrics().averageCharWidth() * kLongCaption);
+    }
     caption->setBuddy(edit);
     layout->addWidget(caption, at, 0);
     layout->addWidget(edit, at, 1);

@@ -1,5 +1,6 @@
 #include "framework/window/StatusPanels.h"
 
+#include "framework/window/Furnishings.h"
 #include "framework/window/TestMenus.h"
 
 #include <QMouseEvent>
@@ -18,6 +19,7 @@ StatusPanel::StatusPanel(const QString& key, const QString& text) : QLabel(text)
     setLineWidth(1);
     setMargin(3);
     setMinimumWidth(1);
+    FurnishPalette(this); // the bar's style sheet lets none through
 }
 
 void StatusPanel::ShowText(const QString& text)

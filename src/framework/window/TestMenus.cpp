@@ -233,7 +233,9 @@ void BuildToolbar(QToolBar* toolbar, const TestInfo& info, const FindCommand& fi
             continue;
         QAction* action = toolbar->addAction(button.toolTip);
         action->setObjectName(button.key);
-        action->setIcon(QIcon(u":/toolbar/%1.svg"_s.arg(button.key)));
+        QIcon icon(u":/toolbar/%1.svg"_s.arg(button.key));
+        icon.addFile(u":/toolbar/%1-grey.svg"_s.arg(button.key), {}, QIcon::Disabled);
+        action->setIcon(icon);
         action->setToolTip(button.toolTip);
         action->setStatusTip(button.toolTip);
         Connect(action, toolbar, find, button.follows);

@@ -25,6 +25,8 @@ using namespace Qt::StringLiterals;
 namespace
 {
 constexpr int kPanelCharacters = 145;
+/// Room on the pages for longer numbers than those of a new document.
+constexpr int kMoreCharacters = 12;
 } // namespace
 
 TestWindow::TestWindow(std::unique_ptr<TestDocument> document, Frame& frame)
@@ -107,7 +109,8 @@ QSize TestWindow::sizeHint() const
         m_pages->tabBar()->sizeHint().height() + toolbar.height() + m_panels->sizeHint().height() + 40;
     // Wide enough for the panels' usual texts, too.
     const int panels = fontMetrics().averageCharWidth() * kPanelCharacters;
-    return {std::max({pages.width() + 40, toolbar.width(), panels}), pages.height() + around};
+    const int more = fontMetrics().averageCharWidth() * kMoreCharacters;
+    return {std::max({pages.width() + more + 40, toolbar.width(), panels}), pages.height() + around};
 }
 
 void TestWindow::Refresh()
@@ -180,7 +183,7 @@ void TestWindow::GiveFocusBack()
 void TestWindow::CaptionToToolTip()
 {
     for (QLabel* label : findChildren<QLabel*>()) {
-        if (qobject_cast<StatusPanel*>(label) == nullptr)
+        if (qobject_cast<StatusPanel*>(label) == nullptr && qobject_cast<ResultField*>(label) == nullptr)
             label->setToolTip(label->text());
     }
     for (QAbstractButton* button : findChildren<QAbstractButton*>()) {

@@ -5,9 +5,11 @@
 #include "framework/document/TextTable.h"
 #include "framework/window/CornerLabel.h"
 #include "framework/window/Forms.h"
+#include "framework/window/Furnishings.h"
 
 #include <QButtonGroup>
 #include <QFormLayout>
+#include <QHBoxLayout>
 #include <QHeaderView>
 #include <QVBoxLayout>
 
@@ -26,7 +28,7 @@ void ShowText(QLineEdit* edit, const QString& text)
         edit->setText(text);
 }
 
-/// Sets a text, and with it the tool tip that shows all of it where a calculation has set one.
+/// Sets a text, and with it the tool tip where a calculation has set one.
 void ShowText(QLabel* label, const QString& text)
 {
     label->setText(text);
@@ -84,6 +86,7 @@ QGroupBox* WindowFields::ConclusionsFrame(const QString& frameName)
     m_conclusions->setAccessibleName(u"Conclusioni"_s);
     m_conclusions->setReadOnly(true);
     m_conclusions->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    m_sheet.AddConclusions(m_conclusions);
     auto* layout = new QVBoxLayout(box);
     layout->addWidget(m_conclusions);
     return box;
@@ -117,16 +120,51 @@ void WindowFields::AddResults(QGridLayout* layout, const QList<ResultRow>& rows)
     const int columns = static_cast<int>(most) + 1;
     for (const ResultRow& row : rows) {
         const int at = NextRow(layout);
-        if (row.labelName.isEmpty()) {
-            layout->addWidget(ResultLabel(row.controls.constFirst()), at, 0, 1, columns);
-            continue;
+        QLabel* label = row.labelName.isEmpty() ? nullptr : RowLabel(row);
+        if (label != nullptr)
+            layout->addWidget(label, at, 0, 1, row.controls.isEmpty() ? columns : 1);
+        QList<ResultField*> fields;
+        for (const QLatin1StringView control : row.controls) {
+            fields.append(NewResult(control));
+            const int column = row.onePlace ? 1 : static_cast<int>(fields.size());
+            if (label == nullptr)
+                layout->addWidget(fields.constLast(), at, 0, 1, columns);
+            else
+                layout->addWidget(fields.constLast(), at, column);
         }
-        layout->addWidget(RowLabel(row), at, 0, 1, row.controls.isEmpty() ? columns : 1);
-        for (qsizetype i = 0; i < row.controls.size(); ++i)
-            layout->addWidget(ResultLabel(row.controls[i]), at, static_cast<int>(i) + 1);
+        m_sheet.AddRow(label, fields);
     }
-    for (int column = 1; column < columns; ++column)
-        layout->setColumnStretch(column, 1);
+    // What is wider than the results, a title or a verdict, leaves them as they are.
+    layout->setColumnStretch(columns, 1);
+}
+
+void WindowFields::AddHeadings(QGridLayout* layout, const QList<std::pair<QString, QString>>& headings)
+{
+    const int at = NextRow(layout);
+    QList<const QLabel*> labels;
+    for (const auto& [name, text] : headings) {
+        QLabel* label = FixedLabel(name, text);
+        labels.append(label);
+        layout->addWidget(label, at, static_cast<int>(labels.size()), Qt::AlignRight);
+    }
+    m_sheet.AddHeadings(labels);
+}
+
+void WindowFields::AddVerdict(QGridLayout* layout, QLatin1StringView control, const FindSign& sign)
+{
+    auto* line = new QHBoxLayout;
+    auto* shown = new VerdictSign(control + u"Segno"_s);
+    ResultField* verdict = NewResult(control);
+    verdict->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    verdict->setWordWrap(true);
+    QFont bold = verdict->font();
+    bold.setBold(true);
+    verdict->setFont(bold);
+    line->addWidget(shown);
+    line->addWidget(verdict, 1);
+    layout->addLayout(line, NextRow(layout), 0, 1, layout->columnCount() - 1);
+    m_signs.append({shown, sign});
+    m_sheet.AddRow(nullptr, {verdict});
 }
 
 QLabel* WindowFields::RowLabel(const ResultRow& row)
@@ -138,18 +176,10 @@ QLabel* WindowFields::RowLabel(const ResultRow& row)
     return FixedLabel(row.labelName, m_document.Fields()[row.controls.constFirst()].caption);
 }
 
-QLabel* WindowFields::ResultLabel(QLatin1StringView control)
+ResultField* WindowFields::NewResult(QLatin1StringView control)
 {
-    QLabel* label = FieldLabel(control);
-    label->setAccessibleDescription(m_document.Fields()[control].caption);
-    label->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
-    label->setAutoFillBackground(true);
-    label->setBackgroundRole(QPalette::Base);
-    label->setMargin(2);
-    label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    label->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    label->setMinimumWidth(label->fontMetrics().horizontalAdvance(u"00000000.000"_s));
-    return label;
+    m_results.append(new ResultField(control, m_document.Fields()[control].caption));
+    return m_results.constLast();
 }
 
 QLabel* WindowFields::FieldLabel(QAnyStringView control)
@@ -174,6 +204,8 @@ QTableView* WindowFields::TableView(QLatin1StringView control)
     view->horizontalHeader()->setVisible(!table.Shape().columnTitles.isEmpty());
     view->verticalHeader()->setVisible(!table.Shape().rowTitles.isEmpty());
     view->setSizeAdjustPolicy(QAbstractItemView::AdjustToContents);
+    m_sheet.AddTable(table, view);
+    m_tables.append(view);
     if (!table.Shape().columnTitles.isEmpty())
         new CornerLabel(table.Shape().columnTitles.constFirst(), view);
     return view;
@@ -217,9 +249,38 @@ void WindowFields::Refresh()
         box->first->setVisible(m_document.ControlVisible(box->second));
     }
     ShowOption();
+    ShowResults();
     const QString conclusions = OneLineEnd(m_document.Conclusions());
     if (m_conclusions->toPlainText() != conclusions)
         m_conclusions->setPlainText(conclusions);
+    ShowState();
+}
+
+void WindowFields::ShowResults()
+{
+    for (ResultField* field : std::as_const(m_results)) {
+        field->ShowResult(OneLineEnd(m_document.ControlText(field->objectName())));
+        field->setVisible(m_document.ControlVisible(field->objectName()));
+    }
+    for (const auto& [shown, sign] : std::as_const(m_signs))
+        shown->ShowKind(sign(), m_document.Results() != ResultState::Current);
+}
+
+/// Results, tables and conclusions that are not those of what stands in the document are told from those that
+/// are.
+void WindowFields::ShowState()
+{
+    const ResultState state = m_document.Results();
+    const QString stale = state == ResultState::Stale ? u"Risultati non aggiornati"_s : QString();
+    const auto show = [&](QWidget* widget, const QString& current) {
+        Dim(widget, state != ResultState::Current);
+        widget->setToolTip(state == ResultState::Current ? current : stale);
+    };
+    for (ResultField* field : std::as_const(m_results))
+        show(field, field->text());
+    for (QTableView* table : std::as_const(m_tables))
+        show(table, {});
+    show(m_conclusions, {});
 }
 
 void WindowFields::ShowOption()

@@ -2,7 +2,10 @@
 #pragma once
 
 #include "framework/window/Guard.h"
+#include "framework/window/ResultField.h"
+#include "framework/window/ResultSheet.h"
 #include "framework/window/SizeFields.h"
+#include "framework/window/VerdictSign.h"
 
 #include <QAnyStringView>
 #include <QGridLayout>
@@ -18,6 +21,9 @@
 #include <QString>
 #include <QTableView>
 
+#include <functional>
+#include <utility>
+
 class TestDocument;
 
 /// Results beside each other behind a label. Without results the label is a heading, without a label the
@@ -25,8 +31,12 @@ class TestDocument;
 struct ResultRow {
     QString labelName;
     QList<QLatin1StringView> controls;
-    QString caption = {}; ///< empty: that of the first result
+    QString caption = {};  ///< empty: that of the first result
+    bool onePlace = false; ///< the results share one place, and one of them is seen
 };
+
+/// What a verdict's sign shows at the moment.
+using FindSign = std::function<VerdictSign::Kind()>;
 
 /// Makes the pieces that the pages of the tests are put together from. What the user types goes to the
 /// document, through the window's guard; Refresh shows what the document holds.
@@ -47,8 +57,10 @@ public:
     /// too.
     void AddOptions(QGridLayout* layout, int columns);
     void AddResults(QGridLayout* layout, const QList<ResultRow>& rows);
-    /// A result, to be read and selected.
-    QLabel* ResultLabel(QLatin1StringView control);
+    /// Headings over the columns of the results that follow: objectName and text of each.
+    void AddHeadings(QGridLayout* layout, const QList<std::pair<QString, QString>>& headings);
+    /// A verdict in words over the whole row, with a sign beside it.
+    void AddVerdict(QGridLayout* layout, QLatin1StringView control, const FindSign& sign);
     /// A label whose text the document gives.
     QLabel* FieldLabel(QAnyStringView control);
     /// A table of the document, as high as its rows.
@@ -68,13 +80,20 @@ protected:
 
 private:
     QLabel* RowLabel(const ResultRow& row);
+    ResultField* NewResult(QLatin1StringView control);
+    void ShowResults();
+    void ShowState();
     void ShowOption();
 
     TestDocument& m_document;
     Guard m_guard;
     QList<QLineEdit*> m_inputs;
     SizeFields* m_sizes;
-    QList<QLabel*> m_labels;            ///< result fields, and labels that change
+    QList<QLabel*> m_labels; ///< those that change
+    QList<ResultField*> m_results;
+    QList<std::pair<VerdictSign*, FindSign>> m_signs;
+    ResultSheet m_sheet;
+    QList<QTableView*> m_tables;
     QHash<QGroupBox*, QString> m_boxes; ///< frames, by the fields that they follow
     QList<QRadioButton*> m_options;
     QPlainTextEdit* m_conclusions = nullptr;

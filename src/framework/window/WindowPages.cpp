@@ -15,6 +15,7 @@
 
 #include <QGridLayout>
 #include <QHBoxLayout>
+#include <QHeaderView>
 #include <QScrollArea>
 #include <QVBoxLayout>
 
@@ -22,6 +23,12 @@
 #include <utility>
 
 using namespace Qt::StringLiterals;
+
+namespace
+{
+/// As wide as the header fields become, captions included.
+constexpr int kHeaderCharacters = 165;
+} // namespace
 
 WindowPages::WindowPages(TestDocument& document, WindowFields& fields, Descriptions& descriptions,
                          WindowCommands& commands, GridNotices& notices)
@@ -54,6 +61,7 @@ void WindowPages::AddInfoPage(const QString& labelName, const QString& conclusio
     m_descriptions.Describe(conclusions, m_document.Context().define.DescConcl);
     auto* layout = new QVBoxLayout(page);
     QWidget* header = m_fields.HeaderFields(labelName);
+    header->setMaximumWidth(header->fontMetrics().averageCharWidth() * kHeaderCharacters);
     layout->addWidget(header);
     layout->addWidget(conclusions, 1);
     m_regions.Add(Region::Header, header);
@@ -69,12 +77,23 @@ void WindowPages::AddDataPage(const QList<QWidget*>& left, const QList<QWidget*>
         auto* side = new QVBoxLayout;
         for (QWidget* frame : frames)
             side->addWidget(frame);
-        sides->addLayout(side, 1);
+        sides->addLayout(side);
         return side;
     };
     addSide(left)->setStretchFactor(left.constLast(), 1);
     addSide(right)->addStretch(1);
+    sides->addStretch(1);
     AddPage(page, u"Dati"_s);
+}
+
+QWidget* WindowPages::Beside(const QList<QWidget*>& frames)
+{
+    auto* all = new QWidget;
+    auto* layout = new QHBoxLayout(all);
+    layout->setContentsMargins(0, 0, 0, 0);
+    for (QWidget* frame : frames)
+        layout->addWidget(frame);
+    return all;
 }
 
 void WindowPages::AddChartPage(const QString& caption)
@@ -102,7 +121,16 @@ QGroupBox* WindowPages::GridFrame(const QString& name, const QString& title, std
     auto* layout = new QVBoxLayout(box);
     GridView* view = MakeGridView(grid, box->title());
     new CornerLabel(corner, view);
-    layout->addWidget(view);
+    // As wide as its columns, and one ground under cells and headers.
+    layout->addWidget(view, 0, Qt::AlignLeft);
+    for (QHeaderView* header : {view->horizontalHeader(), view->verticalHeader()}) {
+        QPalette ground = header->palette();
+        ground.setColor(QPalette::Window, ground.color(QPalette::Base));
+        header->setPalette(ground);
+    }
+    const DataGrid& model = m_document.Grid(grid);
+    connect(&model, &DataGrid::modelReset, view, &QWidget::updateGeometry);
+    connect(&model, &DataGrid::headerDataChanged, view, &QWidget::updateGeometry);
     return box;
 }
 
@@ -192,7 +220,10 @@ void WindowPages::Refresh()
 QSize WindowPages::PagesHint() const
 {
     QSize pages;
-    for (int i = 0; i < count(); ++i)
-        pages = pages.expandedTo(qobject_cast<QScrollArea*>(widget(i))->widget()->sizeHint());
+    for (int i = 0; i < count(); ++i) {
+        const QWidget* page = qobject_cast<QScrollArea*>(widget(i))->widget();
+        const QSize hint = page->sizeHint();
+        pages = pages.expandedTo({hint.width(), std::max(hint.height(), page->heightForWidth(hint.width()))});
+    }
     return pages;
 }

@@ -31,9 +31,11 @@ public:
     void AddPage(QWidget* page, const QString& caption);
     /// "Info/Conclusioni": header fields and conclusions.
     void AddInfoPage(const QString& labelName, const QString& conclusionsFrame);
-    /// "Dati": frames one below the other, on the left and on the right; the last on the left takes the room
-    /// that is left.
+    /// "Dati": frames one below the other, on the left and on the right, none wider than it needs; the last
+    /// on the left takes the height that is left.
     void AddDataPage(const QList<QWidget*>& left, const QList<QWidget*>& right);
+    /// Frames beside each other, as one.
+    static QWidget* Beside(const QList<QWidget*>& frames);
     /// The charts of the document, one or two beside each other.
     void AddChartPage(const QString& caption);
 

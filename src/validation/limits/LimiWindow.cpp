@@ -4,8 +4,6 @@
 
 #include <QGridLayout>
 
-#include <algorithm>
-
 using namespace Qt::StringLiterals;
 
 LimiWindow::LimiWindow(std::unique_ptr<TestDocument> document, Frame& frame)
@@ -23,15 +21,11 @@ QGroupBox* LimiWindow::ResultFrame()
     QGridLayout* layout = nullptr;
     QGroupBox* box = Pages().ResultBox(u"Frame2"_s, layout);
     Fields().AddOptions(layout, 2);
-    Fields().AddResults(layout, {{u"Label1"_s, {"StDev"_L1}}});
-    // The two limits share one place and one caption; one of them is seen. Whichever caption stands there,
-    // the fields keep their place.
-    const int row = layout->rowCount();
-    layout->addWidget(Fields().FieldLabel("LabelRil"_L1), row, 0);
-    for (const QLatin1StringView limit : {"LimRil"_L1, "LimDet"_L1}) {
-        layout->addWidget(Fields().ResultLabel(limit), row, 1);
-        const int width = box->fontMetrics().horizontalAdvance(Document().Fields()[limit].caption);
-        layout->setColumnMinimumWidth(0, std::max(layout->columnMinimumWidth(0), width));
-    }
+    Fields().AddResults(
+        layout, {{u"Label1"_s, {"StDev"_L1}},
+                 {.labelName = u"LabelRil"_s, .controls = {"LimRil"_L1, "LimDet"_L1}, .onePlace = true}});
+    // Whichever caption stands beside the limit, the fields keep their place.
+    const QString longer = Document().Fields()["LimDet"_L1].caption;
+    layout->setColumnMinimumWidth(0, box->fontMetrics().horizontalAdvance(longer));
     return box;
 }

@@ -20,6 +20,8 @@ public:
     /// As many rows as the larger group has; the cells below the other group's size are empty and locked.
     void ResizeGrid() override;
     std::vector<NamedValue> Values() const override;
+    /// Those of the last calculation that came to its end since the last reset.
+    const std::optional<SpecResults>& Numbers() const { return m_results; }
     ChartData Chart(std::size_t index, Language language) const override;
 
 protected:

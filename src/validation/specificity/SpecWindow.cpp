@@ -2,12 +2,18 @@
 
 #include "validation/specificity/SpecDocument.h"
 
+#include <QFontInfo>
 #include <QGridLayout>
 
 using namespace Qt::StringLiterals;
 
+namespace
+{
+constexpr double kSmallType = 0.85;
+} // namespace
+
 SpecWindow::SpecWindow(std::unique_ptr<TestDocument> document, Frame& frame)
-    : TestWindow(std::move(document), frame)
+    : TestWindow(std::move(document), frame), m_spec(*qobject_cast<SpecDocument*>(&Document()))
 {
     Pages().AddInfoPage(u"LblData"_s, u"Frame2"_s);
     QGroupBox* a = GroupFrame({u"Frame3"_s,
@@ -22,7 +28,8 @@ SpecWindow::SpecWindow(std::unique_ptr<TestDocument> document, Frame& frame)
                                u"Label2"_s,
                                u"assenza"_s,
                                u"Label23"_s});
-    Pages().AddDataPage({a, b, Pages().GridFrame(u"Frame1"_s, u"Risultati"_s)}, {ResultFrame()});
+    Pages().AddDataPage({WindowPages::Beside({a, b}), Pages().GridFrame(u"Frame1"_s, u"Risultati"_s)},
+                        {ResultFrame()});
     Pages().AddChartPage(u"Grafico"_s);
 }
 
@@ -47,6 +54,9 @@ QGroupBox* SpecWindow::GroupFrame(const GroupText& group)
         u"Risultati ottenuti nella determinazione dell'analita in %1 di altre sostanze (prodotti di degradazione, "
         "impurezze di sintesi, eccipienti, ...)"_s.arg(group.word));
     sentence->setWordWrap(true);
+    QFont small = sentence->font();
+    small.setPointSizeF(QFontInfo(small).pointSizeF() * kSmallType);
+    sentence->setFont(small);
     auto* layout = qobject_cast<QGridLayout*>(box->layout());
     layout->addWidget(word, 1, 0, 1, 3);
     layout->addWidget(sentence, 2, 0, 1, 3);
@@ -57,8 +67,7 @@ QGroupBox* SpecWindow::ResultFrame()
 {
     QGridLayout* layout = nullptr;
     QGroupBox* box = Pages().ResultBox(u"Frame5"_s, layout);
-    layout->addWidget(WindowFields::FixedLabel(u"Label11"_s, u"Gruppo A"_s), 0, 1, Qt::AlignRight);
-    layout->addWidget(WindowFields::FixedLabel(u"Label16"_s, u"Gruppo B"_s), 0, 2, Qt::AlignRight);
+    Fields().AddHeadings(layout, {{u"Label11"_s, u"Gruppo A"_s}, {u"Label16"_s, u"Gruppo B"_s}});
     Fields().AddResults(layout, {{u"Label4"_s, {"MediaA"_L1, "MediaB"_L1}, u"Media"_s},
                                  {u"Label12"_s, {}, u"Limiti di confidenza della media"_s},
                                  {u"Label5"_s, {"InfConfA"_L1, "InfConfB"_L1}, u"Inferiore"_s},
@@ -67,10 +76,17 @@ QGroupBox* SpecWindow::ResultFrame()
                                  {u"Label13"_s, {"F"_L1}},
                                  {u"Label18"_s, {"GdL"_L1}},
                                  {u"Label29"_s, {"T"_L1}},
-                                 {u"Label30"_s, {"P"_L1}},
-                                 {{}, {"Giudizio"_L1}}});
-    auto* verdict = box->findChild<QLabel*>("Giudizio"_L1);
-    verdict->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    verdict->setWordWrap(true);
+                                 {u"Label30"_s, {"P"_L1}}});
+    Fields().AddVerdict(layout, "Giudizio"_L1, [this] { return Sign(); });
     return box;
+}
+
+VerdictSign::Kind SpecWindow::Sign() const
+{
+    const auto& results = m_spec.Numbers();
+    if (!results)
+        return VerdictSign::Kind::None;
+    if (results->NotDeterminable())
+        return VerdictSign::Kind::Open;
+    return results->Significant() ? VerdictSign::Kind::Bad : VerdictSign::Kind::Good;
 }

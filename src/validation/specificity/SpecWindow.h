@@ -3,6 +3,8 @@
 
 #include "framework/window/TestWindow.h"
 
+class SpecDocument;
+
 class SpecWindow : public TestWindow
 {
     Q_OBJECT
@@ -25,4 +27,7 @@ private:
 
     QGroupBox* GroupFrame(const GroupText& group);
     QGroupBox* ResultFrame();
+    VerdictSign::Kind Sign() const;
+
+    const SpecDocument& m_spec; ///< its document
 };

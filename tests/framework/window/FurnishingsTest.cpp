@@ -1,16 +1,58 @@
 // What every test window has around its document, for the tests that have no window yet, too: menus and
 // toolbar of each, the bands of the background, room in a small window.
+#include "framework/window/Furnishings.h"
 #include "Compare.h"
 #include "WindowWorld.h"
 #include "framework/window/TestMenus.h"
 #include "validation/limits/LimiDocument.h"
 #include "validation/limits/LimiWindow.h"
+#include "validation/specificity/SpecDocument.h"
+#include "validation/specificity/SpecWindow.h"
 
+#include <QColor>
 #include <QGroupBox>
 #include <QImage>
 #include <QMenuBar>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QSet>
+
+#include <algorithm>
+#include <cmath>
 
 using namespace Qt::StringLiterals;
+
+namespace
+{
+
+/// As WCAG 2 measures it.
+double Contrast(const QColor& one, const QColor& other)
+{
+    const auto luminance = [](const QColor& color) {
+        const auto linear = [](double part) {
+            return part <= 0.03928 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+        };
+        return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) +
+               0.0722 * linear(color.blueF());
+    };
+    const auto [dark, light] = std::minmax(luminance(one), luminance(other));
+    return (light + 0.05) / (dark + 0.05);
+}
+
+/// Of what is wholly covered.
+QSet<QRgb> Colours(const QImage& image)
+{
+    QSet<QRgb> colours;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            if (qAlpha(image.pixel(x, y)) == 255)
+                colours.insert(image.pixel(x, y));
+        }
+    }
+    return colours;
+}
+
+} // namespace
 
 class FurnishingsTest : public QObject
 {
@@ -97,10 +139,46 @@ private Q_SLOTS:
         const QPalette palette = open.window->palette();
         QCOMPARE(palette.color(QPalette::Window), QColor(0xF4, 0xEE, 0xB1));
         QCOMPARE(palette.color(QPalette::Base), QColor(Qt::white));
-        for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
-            QVERIFY(palette.color(role).lightness() < 64);
-            QVERIFY(palette.color(QPalette::Disabled, role).lightness() > 96);
+    }
+
+    /// On every ground: white, the page, and the band at the foot of a high screen.
+    void TextsAreRead()
+    {
+        WindowWorld<LimiWindow, LimiDocument> open;
+        const QPalette palette = open.window->palette();
+        for (const QColor ground : {QColor(Qt::white), QColor(kPageColor), QColor(0xE4, 0xDE, 0x41)}) {
+            for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+                QVERIFY(Contrast(palette.color(role), ground) > 7);
+                QVERIFY(Contrast(palette.color(QPalette::Disabled, role), ground) > 3);
+            }
         }
+        for (const QColor ground : {QColor(Qt::white), QColor(kDimmedGround)})
+            QVERIFY(Contrast(QColor(kDimmedColor), ground) > 4.5);
+        const QColor panel =
+            open.Find<QLabel>("Tara")->palette().color(QPalette::Disabled, QPalette::WindowText);
+        QCOMPARE(panel, palette.color(QPalette::Disabled, QPalette::WindowText));
+        for (const QAction* action : open.Find<QToolBar>("Toolbar1")->actions()) {
+            for (const auto& [mode, color] : {std::pair(QIcon::Normal, QColor(0x23, 0x26, 0x29)),
+                                              {QIcon::Disabled, QColor(kDisabledColor)}}) {
+                const QImage image = action->icon().pixmap(QSize(88, 88), 1, mode).toImage();
+                QVERIFY2(action->isSeparator() || Colours(image) == QSet{color.rgb()},
+                         qPrintable(action->objectName()));
+            }
+        }
+    }
+
+    /// In the frame of a screen of 1280 x 800, of which its own title and menus and the window's title take a
+    /// part.
+    void DefaultSizeShowsAll()
+    {
+        WindowWorld<SpecWindow, SpecDocument> open;
+        QVERIFY(QRect(0, 0, 1100, 640).contains(QRect(QPoint(), open.window->sizeHint())));
+        open.ShowData();
+        const auto* area = qobject_cast<QScrollArea*>(open.Tabs()->currentWidget());
+        QTRY_VERIFY(!area->verticalScrollBar()->isVisible() && !area->horizontalScrollBar()->isVisible());
+        const GridView* grid = open.GridAt(0);
+        QVERIFY(grid->viewport()->height() >= 10 * grid->rowHeight(0));
+        QCOMPARE(grid->width(), grid->sizeHint().width());
     }
 
     void SmallWindowScrolls()

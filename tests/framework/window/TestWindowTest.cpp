@@ -8,6 +8,8 @@
 #include "stories/WindowPicture.h"
 
 #include <QClipboard>
+#include <QContextMenuEvent>
+#include <QMimeData>
 #include <QRadioButton>
 #include <QTableView>
 
@@ -95,6 +97,24 @@ private Q_SLOTS:
         const QString difference = DifferenceFrom(
             u"pictures/made-up.txt"_s, told.join(u'\n').replace(folder.path(), u"FOLDER"_s) + u'\n');
         QVERIFY2(difference.isEmpty(), qPrintable(difference));
+    }
+
+    /// With the tables that stand beside them, for a spreadsheet as for a letter.
+    void ResultsAreTakenAway()
+    {
+        m_open->Go(0, 0, 0);
+        m_open->Keys(u"5"_s, Qt::Key_Return);
+        m_open->Trigger("StrumentiCalcola");
+        auto* table = m_open->Find<QTableView>("SprLinearita");
+        QContextMenuEvent event(QContextMenuEvent::Keyboard, {}, {});
+        QApplication::sendEvent(table, &event);
+        QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_R);
+        const QString text = QApplication::clipboard()->text();
+        QCOMPARE(text, u"Somma\t5,00\n\nAnalisi della varianza\nVariazione\tDevianza\tGdL\n"
+                       "Regressione\t5,00\t1\nTotali\t10,00\t\n"_s);
+        const QString html = QApplication::clipboard()->mimeData()->html();
+        QVERIFY(html.contains(u"<tr><td>Somma</td><td align=\"right\">5,00</td></tr>"_s));
+        QCOMPARE(html.count(u"<tr>"_s), text.count(u'\n'));
     }
 
     void CaretWalksFromGridToGrid()
