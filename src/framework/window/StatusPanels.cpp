@@ -75,9 +75,16 @@ StatusPanel* StatusPanels::StatePanel(const QString& name, const QString& longes
     auto* panel = new StatusPanel(name, longest);
     panel->setAlignment(Qt::AlignCenter);
     panel->setMinimumWidth(panel->sizeHint().width());
-    panel->ShowText({});
     addWidget(panel);
+    ShowState(panel, {});
     return panel;
+}
+
+/// An empty one is not seen.
+void StatusPanels::ShowState(StatusPanel* panel, const QString& text)
+{
+    panel->ShowText(text);
+    panel->setFrameShape(text.isEmpty() ? QFrame::NoFrame : QFrame::Panel);
 }
 
 void StatusPanels::BuildStatusPanels(const TestInfo& info)

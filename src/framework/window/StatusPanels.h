@@ -44,8 +44,8 @@ public:
 
     void SetDescription(const QString& text) { m_descrBar->ShowText(text); }
     void SetStatus(const QString& text) { m_statusBar->ShowText(text); }
-    void SetModified(bool modified) { m_modified->ShowText(modified ? kModified : QString()); }
-    void SetStale(bool stale) { m_stale->ShowText(stale ? kStaleResults : QString()); }
+    void SetModified(bool modified) { ShowState(m_modified, modified ? kModified : QString()); }
+    void SetStale(bool stale) { ShowState(m_stale, stale ? kStaleResults : QString()); }
     /// Each panel's bevel becomes that of its test: inset where the window is open.
     void UpdateStatusPanels();
 
@@ -53,6 +53,7 @@ Q_SIGNALS:
     void StatusDoubleClicked();
 
 private:
+    static void ShowState(StatusPanel* panel, const QString& text);
     StatusPanel* StatePanel(const QString& name, const QString& longest);
     void BuildStatusPanels(const TestInfo& info);
     void RunPanel(StatusPanel* panel, const QString& key);

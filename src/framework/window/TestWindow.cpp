@@ -14,6 +14,8 @@
 #include <QPainter>
 #include <QShortcut>
 #include <QTabBar>
+#include <QToolBar>
+#include <QToolButton>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -24,7 +26,18 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-constexpr int kPanelCharacters = 145;
+constexpr int kPanelCharacters = 160;
+
+/// A menu that closes over a button leaves it raised, and the mouse then goes away from it unnoticed.
+void LowerButtons(const QToolBar* toolbar)
+{
+    for (QToolButton* button : toolbar->findChildren<QToolButton*>()) {
+        if (!button->underMouse())
+            continue;
+        QEvent leave(QEvent::Leave);
+        QCoreApplication::sendEvent(button, &leave);
+    }
+}
 /// Room on the pages for longer numbers than those of a new document.
 constexpr int kMoreCharacters = 12;
 } // namespace
@@ -80,6 +93,7 @@ TestWindow::TestWindow(std::unique_ptr<TestDocument> document, Frame& frame)
     connect(m_pages.get(), &WindowPages::Edited, this, &TestWindow::ShowState);
     connect(m_commands, &WindowCommands::Ran, this, [this] {
         ShowState();
+        LowerButtons(m_commands->Toolbar());
         // A menu that was opened by keys has the focus until it is gone; what it went from may be gone.
         QMetaObject::invokeMethod(this, &TestWindow::GiveFocusBack, Qt::QueuedConnection);
     });
