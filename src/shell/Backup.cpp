@@ -2,17 +2,52 @@
 
 #include "framework/files/SafeFile.h"
 #include "framework/text/TextFunctions.h"
+#include "shell/Folders.h"
 #include "stats/RuntimeFailure.h"
 
 #include <QDir>
 #include <QFileInfo>
 
 #include <algorithm>
+#include <filesystem>
+#include <system_error>
 
 using namespace Qt::StringLiterals;
 
 namespace
 {
+
+/// The files that lie directly in the folder, by their names. Fails as SystemFailure tells where the folder
+/// can't be listed to its end, or its entries not be looked at.
+QFileInfoList FilesOf(const QString& folder)
+{
+    namespace fs = std::filesystem;
+    QFileInfoList files;
+    std::error_code error;
+    fs::directory_iterator entry(QFile::encodeName(folder).toStdString(), error);
+    for (; !error && entry != fs::directory_iterator(); entry.increment(error)) {
+        std::error_code unseen;
+        const fs::file_status status = entry->status(unseen); // of what a link leads to
+        if (status.type() == fs::file_type::none)
+            throw SystemFailure(unseen.value());
+        const QString name = QFile::decodeName(entry->path().filename().c_str());
+        if (fs::is_regular_file(status) && !name.startsWith(u'.'))
+            files.append(QFileInfo(QDir(folder), name));
+    }
+    if (error)
+        throw SystemFailure(error.value());
+    std::ranges::sort(files, {}, &QFileInfo::fileName);
+    return files;
+}
+
+/// What is wrong with a folder, or nothing.
+QString FolderFault(const QFileInfo& folder)
+{
+    if (folder.isDir())
+        return {};
+    return (folder.exists() ? u"al posto della cartella %1 c'è un file."_s : u"la cartella %1 non esiste."_s)
+        .arg(folder.filePath());
+}
 
 /// Whether all files were copied. Fails as CopySafeFile does, with the file's name in front.
 bool CopyAll(const QFileInfoList& files, const QDir& target, BackupProgress& progress)
@@ -39,21 +74,23 @@ bool CopyAll(const QFileInfoList& files, const QDir& target, BackupProgress& pro
 bool BackupAtClose(const Define& define)
 {
     bool number = false;
-    const double value = define.BkAutoSave.toDouble(&number);
+    const double value = QString(define.BkAutoSave).replace(u',', u'.').toDouble(&number);
     return number && value != 0;
 }
 
 void BackupFiles(bool silent, const Define& define, Messages& messages, BackupProgress& progress)
 {
     const auto tell = [&](MessageIcon icon, const QString& text) {
+        progress.End();
         messages.Show(icon, define.AppTitle, text);
     };
-    const QFileInfo source(define.OpenSaveFolder);
-    const QFileInfo target(define.BackupFolder);
-    if (!source.isDir() || !target.isDir()) {
-        tell(MessageIcon::Critical, u"Backup non eseguito: la cartella %1 non esiste."_s.arg(
-                                        (source.isDir() ? target : source).filePath()));
-        return;
+    const QFileInfo source(WithoutClosingSeparator(define.OpenSaveFolder));
+    const QFileInfo target(WithoutClosingSeparator(define.BackupFolder));
+    for (const QFileInfo& folder : {source, target}) {
+        if (const QString fault = FolderFault(folder); !fault.isEmpty()) {
+            tell(MessageIcon::Critical, u"Backup non eseguito: "_s + fault);
+            return;
+        }
     }
     if (source.canonicalFilePath() == target.canonicalFilePath()) {
         tell(MessageIcon::Critical,
@@ -61,8 +98,15 @@ void BackupFiles(bool silent, const Define& define, Messages& messages, BackupPr
                  source.filePath()));
         return;
     }
+    QFileInfoList files;
     try {
-        const QFileInfoList files = QDir(source.filePath()).entryInfoList(QDir::Files, QDir::Name);
+        files = FilesOf(source.filePath());
+    } catch (const RuntimeFailure& failure) {
+        tell(MessageIcon::Critical, u"Backup non eseguito: la cartella %1 non può essere letta.\n\n%2."_s.arg(
+                                        source.filePath(), FailureText(failure)));
+        return;
+    }
+    try {
         if (CopyAll(files, QDir(target.filePath()), progress) && !silent)
             tell(MessageIcon::Information, u"Backup completato"_s);
     } catch (const RuntimeFailure& failure) {

@@ -3,14 +3,23 @@
 
 #include "shell/Backup.h"
 
+#include <QElapsedTimer>
 #include <QProgressDialog>
+
+#include <chrono>
 
 class BackupDialog : public QProgressDialog, public BackupProgress
 {
     Q_OBJECT
 
 public:
-    explicit BackupDialog(QWidget* parent);
+    /// It is shown by the first step that is later than patience after the first one.
+    explicit BackupDialog(QWidget* parent, std::chrono::milliseconds patience = std::chrono::seconds(1));
 
     bool Step(qint64 done, qint64 total, const QString& name) override;
+    void End() override { hide(); }
+
+private:
+    std::chrono::milliseconds m_patience;
+    QElapsedTimer m_since;
 };

@@ -18,7 +18,7 @@ QString LogoPathAtStart(const Define& define, Messages& messages)
     try {
         return GetLogoPath(define.DbFile);
     } catch (const RuntimeFailure& failure) {
-        messages.Show(MessageIcon::Exclamation, define.AppTitle, CompanyFailureText(define, failure));
+        messages.Show(MessageIcon::Exclamation, define.AppTitle, CompanyReadFailureText(define, failure));
         return {};
     }
 }
@@ -31,11 +31,17 @@ QString CompanyCaption(std::size_t field)
     return kCaptions[field];
 }
 
-QString CompanyFailureText(const Define& define, const RuntimeFailure& failure)
+QString CompanyReadFailureText(const Define& define, const RuntimeFailure& failure)
+{
+    return u"I dati dell'azienda non sono disponibili nel database\n%1\n\n%2."_s.arg(define.DbFile,
+                                                                                     FailureText(failure));
+}
+
+QString CompanySaveFailureText(const Define& define, const RuntimeFailure& failure)
 {
     const QString text = FailureText(failure);
     if (failure.Kind() != FailureKind::FieldTooSmall)
-        return u"I dati dell'azienda non sono disponibili nel database\n%1\n\n%2."_s.arg(define.DbFile, text);
+        return u"I dati non sono stati salvati nel database\n%1\n\n%2."_s.arg(define.DbFile, text);
     const auto field = std::ranges::find(Company::kFields, text);
     const QString caption = field == Company::kFields.end()
                                 ? u"Logo"_s

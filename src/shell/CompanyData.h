@@ -16,5 +16,6 @@ QString LogoPathAtStart(const Define& define, Messages& messages);
 /// The caption of a text field of the record, by its place: "Ragione Sociale" for the first.
 QString CompanyCaption(std::size_t field);
 
-/// What is said when the record could not be read or written.
-QString CompanyFailureText(const Define& define, const RuntimeFailure& failure);
+/// What is said when the record could not be read, or not be written.
+QString CompanyReadFailureText(const Define& define, const RuntimeFailure& failure);
+QString CompanySaveFailureText(const Define& define, const RuntimeFailure& failure);

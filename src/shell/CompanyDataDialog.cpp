@@ -29,6 +29,7 @@ CompanyDataDialog::CompanyDataDialog(const Company& company, const DocumentConte
     for (std::size_t i = 0; i < m_fields.size(); ++i) {
         auto* field = new QLineEdit(company.texts[i]);
         field->setObjectName(u"txtFields%1"_s.arg(i));
+        field->setMaxLength(Company::kLongestText);
         field->setMinimumWidth(field->fontMetrics().averageCharWidth() * 50);
         form->addRow(CompanyCaption(i), field);
         m_fields[i] = field;
@@ -42,14 +43,14 @@ CompanyDataDialog::CompanyDataDialog(const Company& company, const DocumentConte
     buttons->addWidget(save);
     buttons->addWidget(close);
 
-    auto* layout = new QVBoxLayout(this);
+    auto* body = new QWidget;
+    auto* layout = new QVBoxLayout(body);
     layout->addLayout(form);
     layout->addWidget(LogoFrame());
-    layout->addLayout(buttons);
     if (!m_noLogo)
         LoadLogo();
-    m_cancelLogo->setEnabled(m_logo->HasPicture());
-    CenterForm(this);
+    m_cancelLogo->setEnabled(!m_noLogo && !m_logoPath.isEmpty()); // also one whose file is gone
+    BuildForm(this, body, buttons);
 }
 
 QGroupBox* CompanyDataDialog::LogoFrame()
@@ -155,7 +156,8 @@ void CompanyDataDialog::Save()
     try {
         WriteCompany(define.DbFile, company);
     } catch (const RuntimeFailure& failure) {
-        m_context.messages.Show(MessageIcon::Critical, define.AppTitle, CompanyFailureText(define, failure));
+        m_context.messages.Show(MessageIcon::Critical, define.AppTitle,
+                                CompanySaveFailureText(define, failure));
         return;
     }
     m_context.messages.Show(MessageIcon::Information, define.AppTitle, u"I dati sono stati salvati"_s);

@@ -7,11 +7,9 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QTemporaryFile>
 
-#include <array>
 #include <cerrno>
-#include <cstring>
+#include <cstdlib>
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -21,20 +19,21 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-/// As much as a small document: what a full disk or a used up quota refuses.
-constexpr std::size_t kProbeSize = 4096;
-
-bool CanFill(int descriptor)
+/// A disk that is full lacks room, which is told when something is saved; the rights are there.
+bool IsFull(int error)
 {
-    const std::array<char, kProbeSize> block{};
-    return ::write(descriptor, block.data(), block.size()) == static_cast<ssize_t>(block.size());
+    return error == ENOSPC || error == EDQUOT;
 }
 
 /// Where the file system knows no files without a name, one with a name is made and removed.
 bool CanUseNamedFile(const QString& folder)
 {
-    QTemporaryFile file(QDir(folder).filePath(u".quorel-XXXXXX"_s));
-    return file.open() && CanFill(file.handle()) && file.remove();
+    QByteArray name = QFile::encodeName(QDir(folder).filePath(u".quorel-XXXXXX"_s));
+    const int descriptor = ::mkostemp(name.data(), O_CLOEXEC);
+    if (descriptor < 0)
+        return IsFull(errno);
+    ::close(descriptor);
+    return ::unlink(name.constData()) == 0;
 }
 
 bool CanUseFolder(const QString& folder)
@@ -42,12 +41,10 @@ bool CanUseFolder(const QString& folder)
 #ifdef O_TMPFILE
     const int descriptor =
         ::open(QFile::encodeName(folder).constData(), O_TMPFILE | O_WRONLY | O_CLOEXEC, 0600);
-    if (descriptor >= 0) {
-        const bool filled = CanFill(descriptor);
-        return ::close(descriptor) == 0 && filled; // some file systems tell at closing
-    }
+    if (descriptor >= 0)
+        return ::close(descriptor) == 0;
     if (errno != EOPNOTSUPP && errno != EISDIR && errno != EINVAL)
-        return false;
+        return IsFull(errno);
 #endif
     return CanUseNamedFile(folder);
 }
@@ -59,11 +56,6 @@ bool CanWriteFile(const QString& file)
         return false;
     ::close(descriptor);
     return true;
-}
-
-QString WithoutClosingSeparator(const QString& path)
-{
-    return path.size() > 1 && path.endsWith(u'/') ? path.chopped(1) : path;
 }
 
 QString ParentOf(const QString& path)
@@ -78,20 +70,32 @@ bool IsFolder(const QString& path)
     return QFileInfo(path).isDir();
 }
 
-/// In one step. Fails: PathAccess where a file stands there, and as the system tells.
+/// Fails with PathAccess where the path, or the folder that it lies in, is a file.
+void RequireNoFile(const QString& path)
+{
+    for (const QString& place : {ParentOf(path), WithoutClosingSeparator(path)}) {
+        if (QFileInfo(place).exists() && !IsFolder(place))
+            throw RuntimeFailure(FailureKind::PathAccess,
+                                 u"Al posto della cartella %1 c'è un file"_s.arg(place).toStdString());
+    }
+}
+
+/// In one step. Fails as the system tells.
 void MakeFolder(const QString& path)
 {
     if (QDir().mkdir(WithoutClosingSeparator(path)))
         return;
     const int error = errno; // of the making, not of a look at what is there
-    if (IsFolder(path))      // another copy may have made it meanwhile
-        return;
-    const FailureKind kind = QFileInfo::exists(WithoutClosingSeparator(path)) ? FailureKind::PathAccess
-                                                                              : FailureKind::PathNotFound;
-    throw RuntimeFailure(kind, std::strerror(error));
+    if (!IsFolder(path))     // another copy may have made it meanwhile
+        throw SystemFailure(error, FailureKind::PathNotFound);
 }
 
 } // namespace
+
+QString WithoutClosingSeparator(const QString& path)
+{
+    return path.size() > 1 && path.endsWith(u'/') ? path.chopped(1) : path;
+}
 
 int CheckAccess(const QString& path, int mask)
 {
@@ -107,12 +111,13 @@ bool CreaCartella(const QString& path, int mask, const Define& define, Messages&
 {
     if (IsFolder(path))
         return true;
-    if (CheckAccess(ParentOf(path), mask) != mask) {
-        messages.Show(MessageIcon::Critical, define.AppTitle,
-                      u"Permessi insufficienti per creare la cartella "_s + path);
-        return false;
-    }
     try {
+        RequireNoFile(path);
+        if (CheckAccess(ParentOf(path), mask) != mask) {
+            messages.Show(MessageIcon::Critical, define.AppTitle,
+                          u"Permessi insufficienti per creare la cartella "_s + path);
+            return false;
+        }
         MakeFolder(path);
     } catch (const RuntimeFailure& failure) {
         ShowProcedureFailure(u"CreaCartella"_s, failure, define, messages);
@@ -125,13 +130,23 @@ bool VerificaCartella(const QString& path, int mask, const Define& define, Messa
 {
     if (IsFolder(path) && CheckAccess(path, mask) == mask)
         return true;
-    messages.Show(MessageIcon::Critical, define.AppTitle,
-                  u"Permessi insufficienti per la cartella "_s + path);
+    try {
+        RequireNoFile(path);
+        messages.Show(MessageIcon::Critical, define.AppTitle,
+                      u"Permessi insufficienti per la cartella "_s + path);
+    } catch (const RuntimeFailure& failure) {
+        ShowProcedureFailure(u"VerificaCartella"_s, failure, define, messages);
+    }
     return false;
 }
 
 bool CopyDatabase(const QString& source, const QString& target, const Define& define, Messages& messages)
 {
+    if (IsFolder(target)) {
+        messages.Show(MessageIcon::Critical, define.AppTitle,
+                      u"Al posto del database c'è una cartella:\n%1"_s.arg(target));
+        return false;
+    }
     if (!QFileInfo::exists(target)) {
         try {
             CopySafeFile(source, target);

@@ -4,9 +4,9 @@
 #include "framework/document/DocumentContext.h"
 #include "framework/window/Frame.h"
 #include "framework/window/TestWindow.h"
+#include "shell/FrameArea.h"
 
 #include <QMainWindow>
-#include <QMdiArea>
 #include <QMdiSubWindow>
 
 #include <functional>
@@ -27,11 +27,18 @@ public:
     void Arrange(Arrangement arrangement) override;
     void EndProgram() override { close(); }
 
+    /// Shows the document in the window of its test, as the command Apri there does. What can't be opened is
+    /// told.
+    void OpenFile(const QString& fileName);
+
     /// The open window of this test, or null.
     TestWindow* OpenTest(QStringView key) const;
 
 protected:
     void closeEvent(QCloseEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
 
 private:
     using Command = std::function<void(MainWindow&)>;
@@ -49,13 +56,17 @@ private:
     /// What is being typed there is taken over. False when it is refused: the window stays in front.
     bool MayLeaveFront();
     void TurnWindow(bool forward);
+    /// Why the program can't open this file, or nothing.
+    QString WhyNotOpened(const QString& fileName) const;
+    void AskForDocument();
 
     void ShowCompanyData();
     void ShowOptions();
     void RunBackup(bool silent);
 
     DocumentContext m_context;
-    QMdiArea* m_area;
+    FrameArea* m_area;
     WindowList* m_windowList;
+    QAction* m_open;       ///< for any document, while no test is open
     QList<QMenu*> m_menus; ///< the frame's own, seen while no test is open
 };

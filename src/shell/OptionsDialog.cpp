@@ -10,6 +10,7 @@
 #include "shell/Settings.h"
 
 #include <QDialogButtonBox>
+#include <QDir>
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -40,14 +41,15 @@ OptionsDialog::OptionsDialog(const DocumentContext& context, QWidget* parent)
     connect(buttons, &QDialogButtonBox::accepted, this, &OptionsDialog::Store);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
 
-    auto* layout = new QVBoxLayout(this);
+    auto* body = new QWidget;
+    auto* layout = new QVBoxLayout(body);
     layout->addLayout(folders);
     layout->addSpacing(8);
     layout->addWidget(m_backupAtClose);
     layout->addStretch(1);
-    layout->addSpacing(8);
-    layout->addWidget(buttons);
-    CenterForm(this);
+    auto* row = new QHBoxLayout;
+    row->addWidget(buttons);
+    BuildForm(this, body, row);
 }
 
 QLineEdit* OptionsDialog::AddFolder(QGridLayout* layout, const QString& name, const QString& button,
@@ -73,11 +75,18 @@ void OptionsDialog::Browse(QLineEdit* field, const QString& title, const QString
 {
     const QString folder = m_context.dialog.BrowseFolder(title, initial);
     if (!folder.isEmpty())
-        field->setText(folder + u'/');
+        field->setText(folder.endsWith(u'/') ? folder : folder + u'/');
 }
 
 bool OptionsDialog::Usable(const QLineEdit* field)
 {
+    if (QDir::isRelativePath(field->text())) {
+        m_context.messages.Show(
+            MessageIcon::Critical, m_context.define.AppTitle,
+            u"Il percorso \"%1\" non è completo. Indicare la cartella con tutto il suo percorso, che "
+            "comincia con \"/\"."_s.arg(field->text()));
+        return false;
+    }
     if (VerificaCartella(field->text(), kFolderRights, m_context.define, m_context.messages))
         return true;
     m_context.messages.Show(

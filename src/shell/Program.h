@@ -28,7 +28,7 @@ public:
 private:
     QTranslator m_translator;
     Define m_define;
-    FileDialog m_dialog;
+    FileDialog m_dialog{m_define};
     MessageBoxes m_messages;
     std::unique_ptr<DatabaseFTable> m_fTable;
     std::unique_ptr<MainWindow> m_window;

@@ -29,10 +29,15 @@ QList<QByteArray> LinesOf(const QByteArray& bytes)
     return lines;
 }
 
-QList<QByteArray> ReadLines(const QString& fileName)
+/// No lines where there is no file; nothing where there is one that can't be read to its end.
+std::optional<QList<QByteArray>> ReadLines(const QString& fileName)
 {
     QFile file(fileName);
-    return file.open(QIODevice::ReadOnly) ? LinesOf(file.readAll()) : QList<QByteArray>();
+    if (!file.open(QIODevice::ReadOnly))
+        return file.exists() ? std::nullopt : std::optional(QList<QByteArray>());
+    const QByteArray bytes = file.readAll();
+    return file.error() == QFileDevice::NoError && bytes.size() >= file.size() ? std::optional(LinesOf(bytes))
+                                                                               : std::nullopt;
 }
 
 /// Without the mark with which some editors begin a file.
@@ -115,7 +120,7 @@ QString WithoutControls(const QString& text)
 
 QString IniManager::GetValue(const QString& keyName, const QString& strDefault) const
 {
-    const QList<QByteArray> lines = ReadLines(m_fileName);
+    const QList<QByteArray> lines = ReadLines(m_fileName).value_or(QList<QByteArray>());
     const auto section = FindSection(lines, m_applicationKey);
     const auto at = section ? FindKey(lines, *section, keyName) : std::nullopt;
     QString value = at ? ValueOf(lines[*at]) : QString();
@@ -133,7 +138,10 @@ bool IniManager::SetValue(const QString& keyName, const QString& strValue) const
 {
     if (std::ranges::any_of(strValue, [](QChar c) { return c.unicode() <= 31; }))
         return false;
-    QList<QByteArray> lines = ReadLines(m_fileName);
+    const auto read = ReadLines(m_fileName);
+    if (!read) // what could not be read would be lost
+        return false;
+    QList<QByteArray> lines = *read;
     const QByteArray end = !lines.isEmpty() && lines.front().endsWith("\r\n") ? "\r\n" : "\n";
     if (!lines.isEmpty() && !lines.back().endsWith('\n'))
         lines.back() += end;

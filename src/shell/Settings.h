@@ -20,7 +20,7 @@ public:
     QString GetValue(const QString& keyName, const QString& strDefault) const;
 
     /// Writes a key, with file and section where they are missing. False when the file could not be written,
-    /// or the value can't stand in one line; the file is as it was then.
+    /// or not be read to its end, or the value can't stand in one line; the file is as it was then.
     [[nodiscard]] bool SetValue(const QString& keyName, const QString& strValue) const;
 
 private:

@@ -1,5 +1,6 @@
 #include "shell/WindowList.h"
 
+#include "framework/window/TestWindow.h"
 #include "shell/MdiArrangement.h"
 
 #include <utility>
@@ -33,7 +34,8 @@ void WindowList::Fill(QMenu* menu)
     if (!windows.isEmpty())
         menu->addSeparator()->setProperty(kWindowEntry, true);
     for (qsizetype i = 0; i < windows.size(); ++i) {
-        QString title = windows[i]->windowTitle();
+        auto* test = qobject_cast<TestWindow*>(windows[i]->widget());
+        QString title = test != nullptr ? test->Document().Title() : windows[i]->windowTitle();
         QAction* action =
             menu->addAction(u"&%1 %2"_s.arg(QString::number(i + 1), title.replace(u'&', u"&&"_s)));
         action->setProperty(kWindowEntry, true);

@@ -3,10 +3,13 @@
 #include "Compare.h"
 #include "TestWorld.h"
 #include "framework/files/Database.h"
+#include "framework/window/Forms.h"
+#include "framework/window/MessageBoxes.h"
 #include "reports/ReportLogo.h"
 #include "shell/BackupDialog.h"
 #include "shell/CompanyDataDialog.h"
 #include "shell/MainWindow.h"
+#include "shell/RecentDocuments.h"
 #include "shell/StartUp.h"
 
 #include <QBuffer>
@@ -16,8 +19,11 @@
 #include <QPainter>
 #include <QProgressBar>
 #include <QRegularExpression>
+#include <QSettings>
 #include <QSvgGenerator>
 #include <QTemporaryDir>
+#include <QTimer>
+#include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
 
@@ -40,6 +46,65 @@ private Q_SLOTS:
         const MainWindow frame(m_world->Context());
         QCOMPARE(frame.screen()->size(), QSize(800, 800));
         QCOMPARE(frame.size(), QSize(720, 720));
+    }
+
+    void ADialogFitsItsScreen()
+    {
+        QDialog dialog;
+        auto* body = new QWidget;
+        auto* lines = new QVBoxLayout(body);
+        for (int i = 0; i < 60; ++i)
+            lines->addWidget(new QLineEdit(QString(40, u'x')));
+        auto* last = qobject_cast<QLineEdit*>(lines->itemAt(59)->widget());
+        auto* button = new QPushButton(u"OK"_s);
+        auto* buttons = new QHBoxLayout;
+        buttons->addWidget(button);
+        BuildForm(&dialog, body, buttons);
+        dialog.show();
+        QVERIFY(QTest::qWaitForWindowActive(&dialog));
+        const QRect screen = dialog.screen()->availableGeometry();
+        QVERIFY(screen.contains(dialog.frameGeometry()));
+        QVERIFY(last->visibleRegion().isEmpty() && !button->visibleRegion().isEmpty());
+        for (int i = 0; i < 59; ++i)
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        QCOMPARE(QApplication::focusWidget(), last);
+        QVERIFY(!last->visibleRegion().isEmpty());
+        for (const QRect& part :
+             {QRect(350, 350, 100, 100), QRect(0, 350, 800, 450), QRect(0, 0, 500, 800)}) {
+            dialog.resize(200, 100);
+            dialog.move(350, 350);
+            KeepClearOf(&dialog, part);
+            QVERIFY(screen.contains(dialog.geometry()) && !part.intersects(dialog.geometry()));
+        }
+    }
+
+    void MessagesBreakLongPaths()
+    {
+        MessageBoxes boxes;
+        QTimer::singleShot(0, this, [] {
+            QWidget* box = QApplication::activeModalWidget();
+            QVERIFY(box->screen()->availableGeometry().contains(box->frameGeometry()));
+            QVERIFY(box->findChild<QLabel*>(u"qt_msgbox_label"_s)->width() < 600);
+            box->close();
+        });
+        boxes.Show(MessageIcon::None, {}, u"Il file\n/"_s + QString(60, u'a') + u"/b.b"_s.repeated(60));
+        QCOMPARE(Breakable(u"a/b c"_s), u"a/b c"_s); // needs no break
+    }
+
+    void TheLastTenDocuments()
+    {
+        QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_home->path());
+        for (int i = 0; i < 12; ++i)
+            NoteDocument(u"/a%1.LIM"_s.arg(i));
+        NoteDocument(u"/x/../a5.LIM"_s);
+        QCOMPARE(RecentDocuments().join(u' ').remove(u".LIM"_s),
+                 u"/a5 /a11 /a10 /a9 /a8 /a7 /a6 /a4 /a3 /a2"_s);
+        QMenu menu;
+        NoteDocument(u'/' + u"long & "_s.repeated(40) + u".LIM"_s);
+        AddRecentDocuments(&menu);
+        QVERIFY(menu.actions().constFirst()->text().startsWith(u"&1 /long && long"_s));
+        QVERIFY(menu.sizeHint().width() < 700);
+        QCOMPARE(menu.actions().constLast()->text(), u"1&0 /a3.LIM"_s);
     }
 
     /// Without the path, which stays when the logo is cancelled, no report would have a logo.
@@ -88,7 +153,7 @@ private Q_SLOTS:
     void PhotographsAreUprightForBoth()
     {
         QImageWriter writer(Logo());
-        writer.setTransformation(QImageIOHandler::TransformationRotate90);
+        writer.setTransformation(QImageIOHandler::TransformationMirrorAndRotate90);
         QVERIFY(writer.write(QImage(90, 40, QImage::Format_RGB32)));
         CompanyDataDialog dialog(ReadCompany(m_world->define.DbFile), m_world->Context());
         m_world->dialog.WillChoose(Logo());
@@ -152,14 +217,18 @@ private Q_SLOTS:
     {
         QWidget frame;
         frame.show();
-        BackupDialog progress(&frame);
+        BackupDialog quick(&frame);
+        for (const qint64 done : {0, 1, 2})
+            QVERIFY(quick.Step(done, 4'000'000'000, u"a.LIM"_s));
+        QVERIFY(!quick.isVisible()); // a guess at the time that is left does not count
+        BackupDialog progress(&frame, std::chrono::milliseconds(0));
         QCOMPARE(progress.windowTitle(), u"Backup dati"_s);
-        QCOMPARE(progress.minimumDuration(), 1000);
         QVERIFY(progress.Step(0, 0, u"a.LIM"_s)); // empty files alone
-        progress.setMinimumDuration(0);
-        QVERIFY(progress.Step(0, 4'000'000'000, u"a.LIM"_s));
+        QVERIFY(progress.Step(1'000'000'000 - 10'000'000, 4'000'000'000, u"b.LIM"_s));
+        bool breathes = false;
+        QTimer::singleShot(0, this, [&breathes] { breathes = true; });
         QVERIFY(progress.Step(1'000'000'000, 4'000'000'000, u"b.LIM"_s));
-        QVERIFY(progress.isVisible() && progress.isModal());
+        QVERIFY(progress.isVisible() && progress.isModal() && breathes);
         QCOMPARE(progress.findChild<QLabel*>()->text(), u"b.LIM"_s);
         QCOMPARE(progress.findChild<QProgressBar*>()->text(), u"25%"_s);
         QVERIFY(progress.Step(4'000'000'000, 4'000'000'000, u"b.LIM"_s));
@@ -168,6 +237,8 @@ private Q_SLOTS:
         QCOMPARE(cancel->text(), u"Annulla"_s);
         QTest::mouseClick(cancel, Qt::LeftButton);
         QVERIFY(!progress.Step(4'000'000'000, 4'000'000'000, u"b.LIM"_s));
+        progress.End();
+        QVERIFY(!progress.isVisible());
     }
 
 private:

@@ -2,11 +2,32 @@
 #include "shell/Settings.h"
 #include "Compare.h"
 #include "FullDisk.h"
+#include "OrdinaryUser.h"
 #include "TestWorld.h"
 
 #include <QTemporaryDir>
 
+#include <cerrno>
+
+#include <sys/syscall.h>
+#include <unistd.h>
+
 using namespace Qt::StringLiterals;
+
+namespace
+{
+ssize_t g_readable = -1; ///< bytes, before a disk breaks; below 0 for one that is whole
+} // namespace
+
+/// In the place of the system's own.
+extern "C" ssize_t read(int descriptor, void* bytes, size_t count)
+{
+    if (g_readable < 0)
+        return ::syscall(SYS_read, descriptor, bytes, count);
+    errno = EIO;
+    const auto part = static_cast<size_t>(std::exchange(g_readable, 0));
+    return part == 0 ? -1 : ::syscall(SYS_read, descriptor, bytes, std::min(count, part));
+}
 
 class SettingsTest : public QObject
 {
@@ -95,6 +116,17 @@ private Q_SLOTS:
         {
             const FullDisk full(10);
             QVERIFY(!m_ini.SetValue(u"Backup"_s, u"/a/"_s));
+        }
+        for (const ssize_t readable : {0, 20}) { // what can't be read would be lost
+            g_readable = readable;
+            QVERIFY(!m_ini.SetValue(u"Backup"_s, u"/a/"_s));
+            g_readable = -1;
+        }
+        {
+            const OrdinaryUser user(m_folder->path());
+            QFile::setPermissions(m_ini.FileName(), QFile::WriteOwner);
+            QVERIFY(!m_ini.SetValue(u"Backup"_s, u"/a/"_s));
+            QFile::setPermissions(m_ini.FileName(), QFile::ReadOwner | QFile::WriteOwner);
         }
         QCOMPARE(BytesOf(m_ini.FileName()), before);
     }

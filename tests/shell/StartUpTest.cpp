@@ -40,13 +40,19 @@ QStringList Snapshot(const QString& folder)
 class CountingProgress : public BackupProgress
 {
 public:
+    explicit CountingProgress(const ScriptedMessages& messages) : m_messages(messages) {}
     bool Step(qint64 done, qint64 total, const QString& name) override
     {
         steps.append(u"%1 of %2: %3"_s.arg(QString::number(done), QString::number(total), name));
         return steps.size() < stopAfter;
     }
+    void End() override { toldBefore = m_messages.All().size(); }
     QStringList steps;
     int stopAfter = 1 << 30;
+    qsizetype toldBefore = -1; ///< messages, before the copying was over
+
+private:
+    const ScriptedMessages& m_messages;
 };
 
 } // namespace
@@ -81,6 +87,8 @@ private Q_SLOTS:
         QVERIFY(InitPaths(second.define, m_documents, second.messages));
         QCOMPARE(Snapshot(m_home->path()), before);
         QCOMPARE(second.define.LogoFile, u"/logo.bmp"_s);
+        const FullDisk full(10); // takes no right away; the next saving tells of it
+        QVERIFY(InitPaths(second.define, m_documents, second.messages));
         QVERIFY(second.messages.All().isEmpty());
     }
 
@@ -101,10 +109,6 @@ private Q_SLOTS:
         QCOMPARE(CheckAccess(file, kFileWriteRights), kFileWriteRights);
         QCOMPARE(CheckAccess(m_home->filePath(u"none"_s), kFolderRights), -1);
         QCOMPARE(CheckAccess(u"/proc/"_s, kFolderRights), 0); // not even for root
-        {
-            const FullDisk full(10);
-            QCOMPARE(CheckAccess(m_documents, kFolderRights), 0);
-        }
         QCOMPARE(Snapshot(m_home->path()), before);
         const OrdinaryUser user(m_home->path());
         QFile::setPermissions(file, QFile::ReadOwner);
@@ -120,8 +124,9 @@ private Q_SLOTS:
         QVERIFY(WriteBytes(Source(u"b.LIM"_s), QByteArray(300, 'b')));
         QVERIFY(WriteBytes(Source(u"però.LIM"_s), "new"));
         QVERIFY(WriteBytes(Source(u"A.txt"_s), ""));
-        CountingProgress progress;
+        CountingProgress progress(m_world->messages);
         BackupFiles(false, m_world->define, m_world->messages, progress);
+        QCOMPARE(progress.toldBefore, 0);
         QCOMPARE(m_world->messages.TakeOnly(), u"Backup completato"_s);
         QCOMPARE(progress.steps.first(), u"0 of 303: A.txt"_s);
         QVERIFY(progress.steps.contains(u"0 of 303: b.LIM"_s));
@@ -140,7 +145,7 @@ private Q_SLOTS:
         QVERIFY(WriteBytes(Source(u"b.LIM"_s), QByteArray(1000, 'x')));
         QVERIFY(WriteBytes(Source(u"c.LIM"_s), "x"));
         QVERIFY(WriteBytes(Target(u"b.LIM"_s), "older"));
-        CountingProgress progress;
+        CountingProgress progress(m_world->messages);
         {
             const FullDisk full(100);
             BackupFiles(true, m_world->define, m_world->messages, progress);
@@ -151,12 +156,28 @@ private Q_SLOTS:
         QVERIFY(QFileInfo::exists(Target(u"a.LIM"_s)) && !QFileInfo::exists(Target(u"c.LIM"_s)));
     }
 
+    void AFolderThatCantBeListed()
+    {
+        PrepareBackup();
+        QVERIFY(WriteBytes(Source(u"a.LIM"_s), "x"));
+        const OrdinaryUser user(m_home->path());
+        for (const QFile::Permission only : {QFile::ExeOwner, QFile::ReadOwner}) {
+            QFile::setPermissions(Source(u""_s), QFile::WriteOwner | only);
+            CountingProgress progress(m_world->messages);
+            BackupFiles(true, m_world->define, m_world->messages, progress);
+            QCOMPARE(progress.toldBefore, 0);
+            QVERIFY(m_world->messages.TakeOnly().contains(
+                u"source non può essere letta.\n\nAutorizzazione negata"_s));
+        }
+        QFile::setPermissions(Source(u""_s), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    }
+
     void BackupCanBeStopped()
     {
         PrepareBackup();
         for (const auto& name : {u"a.LIM"_s, u"b.LIM"_s, u"c.LIM"_s})
             QVERIFY(WriteBytes(Source(name), "x"));
-        CountingProgress progress;
+        CountingProgress progress(m_world->messages);
         progress.stopAfter = 4; // during the second file
         BackupFiles(false, m_world->define, m_world->messages, progress);
         QCOMPARE(m_world->messages.TakeOnly(), u"0 messages"_s);
@@ -165,8 +186,12 @@ private Q_SLOTS:
 
     void BackupAtClosing()
     {
-        for (const auto& [text, yes] :
-             {std::pair{u"0"_s, false}, {u"1"_s, true}, {u"-1"_s, true}, {u"x"_s, false}}) {
+        for (const auto& [text, yes] : {std::pair{u"0"_s, false},
+                                        {u"1"_s, true},
+                                        {u"-1"_s, true},
+                                        {u"x"_s, false},
+                                        {u"1,5"_s, true},
+                                        {u"0,0"_s, false}}) {
             m_world->define.BkAutoSave = text;
             QCOMPARE(BackupAtClose(m_world->define), yes);
         }
@@ -190,7 +215,7 @@ private Q_SLOTS:
         try {
             WriteCompany(db, company);
         } catch (const RuntimeFailure& failure) {
-            told = CompanyFailureText(m_world->define, failure);
+            told = CompanySaveFailureText(m_world->define, failure);
         }
         QVERIFY2(told.contains(u"\"Indirizzo E-Mail\" è più lungo"_s), qPrintable(told));
         {

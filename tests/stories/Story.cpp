@@ -137,13 +137,14 @@ QString Story::Tell()
         }
         m_told += line;
         m_look.start(0);
-        m_waits = line.startsWith(u"> rightclick"); // other menus let a step go on
-        Do(Parsed(line));
+        const Step step = Parsed(line);
+        m_waits = step.verb == u"rightclick"; // other menus let a step go on
+        Do(step);
         m_waits = false;
         Settle(m_program == nullptr ? nullptr : &m_program->Window());
         m_look.stop();
-        for (const Step& step : std::exchange(m_inside, {}))
-            m_told += u"NO DIALOG FOR "_s + step.line;
+        for (const Step& left : std::exchange(m_inside, {}))
+            m_told += u"NO DIALOG FOR "_s + left.line;
         if (line.endsWith(u')')) // told elsewhere
             m_before = World();
         else

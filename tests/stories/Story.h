@@ -64,6 +64,7 @@ private:
     void Type(const QString& text);
     void Cell(const Step& step);
     void Drag(const QStringList& words);
+    void Drop(const QStringList& names);
     void FilesStep(const Step& step);
     void FileDialogStep(const QString& name);
 

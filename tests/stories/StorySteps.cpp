@@ -9,6 +9,7 @@
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QMenuBar>
+#include <QMimeData>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QTabBar>
@@ -195,6 +196,28 @@ void Story::Drag(const QStringList& words)
     QTest::mouseRelease(view->viewport(), Qt::LeftButton, {}, to);
 }
 
+/// On the frame, as a file manager offers them: to be copied or moved.
+void Story::Drop(const QStringList& names)
+{
+    QMimeData files;
+    QList<QUrl> urls;
+    for (const QString& name : names)
+        urls += QUrl::fromLocalFile(m_home->filePath(name));
+    files.setUrls(urls);
+    QWidget* target = m_program->Window().findChild<QMdiArea*>()->viewport();
+    const QPoint at = target->rect().bottomRight() - QPoint(5, 5);
+    const Qt::DropActions actions = Qt::CopyAction | Qt::MoveAction;
+    QDragEnterEvent enter(at, actions, &files, Qt::LeftButton, {});
+    QApplication::sendEvent(target, &enter);
+    if (!enter.isAccepted())
+        throw NotDone{u"nothing takes it"_s};
+    QDropEvent drop(at, actions, &files, Qt::LeftButton, {});
+    drop.setDropAction(Qt::MoveAction);
+    QApplication::sendEvent(target, &drop);
+    if (drop.dropAction() == Qt::MoveAction)
+        m_told += u"  the files are gone from their place"_s;
+}
+
 void Story::FilesStep(const Step& step)
 {
     const QString target = m_home->filePath(step.words.constLast());
@@ -267,6 +290,8 @@ void Story::Run(const Step& step)
         Cell(step);
     } else if (verb == u"drag") {
         Drag(step.words);
+    } else if (verb == u"drop") {
+        Drop(step.words);
     } else if (verb == u"clipboard") {
         QGuiApplication::clipboard()->setText(word(0));
     } else if (verb == u"file") {

@@ -87,6 +87,13 @@ QString Over(const QWidget* widget)
     return {};
 }
 
+/// A window's title as it is seen: two marks of change beside each other are the text of one.
+QString SeenTitle(const QWidget* window)
+{
+    constexpr QChar kOne(u'\uE000');
+    return Quoted(window->windowTitle().replace("[*][*]"_L1, kOne).remove("[*]"_L1).replace(kOne, "[*]"_L1));
+}
+
 /// A dialog that lies over no window.
 QString Alone(const QDialog* dialog)
 {
@@ -348,7 +355,7 @@ void PictureMaker::Box(const QMessageBox* box)
                                                              {QMessageBox::Critical, u"critical"_s},
                                                              {QMessageBox::Question, u"question"_s}};
     Line(u"box"_s, kIcons[box->icon()], Quoted(box->windowTitle()) + Alone(box));
-    m_picture.last().text += BarredLines(box->text());
+    m_picture.last().text += BarredLines(box->text().remove(u'\u200B')); // places where a line may break
     ++m_depth;
     QStringList buttons;
     for (const auto* button : box->buttons()) {
@@ -407,6 +414,8 @@ bool PictureMaker::Special(const QWidget* widget)
     } else if (const auto* table = qobject_cast<const QTableView*>(widget)) {
         Table(u"table"_s, table);
     } else if (const auto* area = qobject_cast<const QMdiArea*>(widget)) {
+        for (const auto* hint : area->viewport()->findChildren<QLabel*>(Qt::FindDirectChildrenOnly))
+            Show(hint);
         for (const QMdiSubWindow* window : area->subWindowList())
             Show(window);
     } else {
@@ -511,7 +520,7 @@ void PictureMaker::Show(const QWidget* widget)
     if (window) {
         m_tabs.insert(TabPlaces(widget));
         const auto* child = qobject_cast<const QMdiSubWindow*>(widget);
-        QString line = Quoted(widget->windowTitle());
+        QString line = SeenTitle(widget);
         if (child != nullptr && child->mdiArea()->currentSubWindow() == child)
             line += u" active"_s;
         if (widget->isMinimized())

@@ -12,15 +12,30 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-/// The dirty test of New and Close, which keeps its answer in the document's own flag, and the question.
-/// False when the document has to stay: cancelled, or to be saved and not saved.
-bool MayBeLost(TestDocument& document)
+/// Asks what becomes of changes, and saves them where they are to be saved. False when the document has to
+/// stay: cancelled, or to be saved and not saved.
+bool ChangesSettled(TestDocument& document, bool dirty)
 {
-    document.SetIsModify(document.IsModify() || document.ChangeMade());
-    const Answer answer = AskSaveChanges(document.IsModify(), document.Context());
+    const Answer answer = AskSaveChanges(dirty, document.Context());
     if (answer == Answer::Yes)
         SaveDocument(document);
     return answer != Answer::Cancel && !(answer == Answer::Yes && document.IsModify());
+}
+
+/// The dirty test of New and Close, which keeps its answer in the document's own flag, and the question.
+bool MayBeLost(TestDocument& document)
+{
+    document.SetIsModify(document.IsModify() || document.ChangeMade());
+    return ChangesSettled(document, document.IsModify());
+}
+
+/// The dirty test of Open, and the question.
+bool MayBeReplaced(TestDocument& document)
+{
+    // Deliberate: the two flags are not folded into one here. A save cancelled in its dialog, after a change
+    // in the grid alone, leaves IsModify false, and the opening goes on.
+    return ChangesSettled(document,
+                          document.IsModify() || document.ChangeMade(TestDocument::Which::FirstGrid));
 }
 
 void TellSaveFailure(const TestDocument& document, const QString& fileName, const RuntimeFailure& failure)
@@ -44,7 +59,22 @@ void WriteDocument(TestDocument& document, const QString& former)
     if (failure) {
         document.SetIsModify(true);
         TellSaveFailure(document, std::exchange(dialog.FileName, former), *failure);
+        return;
     }
+    Q_EMIT document.Filed(dialog.FileName);
+}
+
+void Load(TestDocument& document, const QString& fileName)
+{
+    Q_EMIT document.Pointer(true);
+    LoadDocument(document, fileName);
+    // The reading began with a reset, which empties the name. A file that was read in part keeps it empty, so
+    // that a save asks for a name and does not replace the rest of the file.
+    if (document.HowRead() == FileRead::Whole)
+        document.Context().dialog.FileName = fileName;
+    Q_EMIT document.Pointer(false);
+    if (document.HowRead() != FileRead::NotAtAll)
+        Q_EMIT document.Filed(fileName);
 }
 
 } // namespace
@@ -90,30 +120,21 @@ LoadOutcome LoadDocument(TestDocument& document, const QString& fileName)
 
 bool OpenDocument(TestDocument& document)
 {
-    const DocumentContext& context = document.Context();
-    // Deliberate: the two flags are not folded into one here. A save cancelled in its dialog, after a change
-    // in the grid alone, leaves IsModify false, and the opening goes on.
-    const Answer answer =
-        AskSaveChanges(document.IsModify() || document.ChangeMade(TestDocument::Which::FirstGrid), context);
-    if (answer == Answer::Yes) {
-        SaveDocument(document);
-        if (document.IsModify())
-            return false;
-    }
-    if (answer == Answer::Cancel)
+    if (!MayBeReplaced(document))
         return false;
+    CommonDialog& dialog = document.Context().dialog;
+    dialog.FileName.clear();
+    if (!dialog.ShowOpen())
+        return false;
+    Load(document, QString(dialog.FileName));
+    return true;
+}
 
-    context.dialog.FileName.clear();
-    if (!context.dialog.ShowOpen())
+bool OpenNamed(TestDocument& document, const QString& fileName)
+{
+    if (!MayBeReplaced(document))
         return false;
-    const QString fileName = context.dialog.FileName;
-    Q_EMIT document.Pointer(true);
-    const LoadOutcome outcome = LoadDocument(document, fileName);
-    // The reading began with a reset, which empties the name. A file that was read in part keeps it empty, so
-    // that a save asks for a name and does not replace the rest of the file.
-    if (document.HowRead() == FileRead::Whole)
-        context.dialog.FileName = fileName;
-    Q_EMIT document.Pointer(false);
+    Load(document, fileName);
     return true;
 }
 

@@ -43,6 +43,9 @@ LoadOutcome LoadDocument(TestDocument& document, const QString& fileName);
 /// FileApri. True when a file was opened, also when it could be read in part only.
 bool OpenDocument(TestDocument& document);
 
+/// The same for a file that is known, after the same questions. Where the user refuses all is as it was.
+bool OpenNamed(TestDocument& document, const QString& fileName);
+
 /// FileSalva: to the name that the shared dialog holds, else to the one that the user gives it. A failure is
 /// told, and the document counts as changed.
 void SaveDocument(TestDocument& document);

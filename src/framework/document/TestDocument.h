@@ -190,6 +190,8 @@ Q_SIGNALS:
     void Renewed();
     /// A calculation has set all its results.
     void Calculated();
+    /// The document was read from this file, as far as that went, or written to it.
+    void Filed(const QString& fileName);
     /// The window's mouse pointer becomes the hourglass, or the default again.
     void Pointer(bool hourglass);
 

@@ -3,6 +3,7 @@
 #include "stats/RuntimeFailure.h"
 
 #include <QFileInfo>
+#include <QHash>
 #include <QSqlDatabase>
 #include <QSqlError>
 #include <QSqlQuery>
@@ -20,9 +21,25 @@ namespace
 /// How the driver says that a text is longer than its field; the field's name follows.
 constexpr auto kCheckFailed = "CHECK constraint failed: "_L1;
 
+/// The driver's numbers for what may befall a user, in the user's words; for anything else the driver's own.
+QString ReasonOf(const QSqlError& error)
+{
+    static const QHash<int, QString> kReasons = {
+        {5, u"un altro programma lo sta usando"_s},
+        {8, u"il file è di sola lettura"_s},
+        {10, u"errore di lettura o scrittura"_s},
+        {11, u"il file è danneggiato"_s},
+        {13, u"disco pieno"_s},
+        {14, u"il file non può essere aperto"_s},
+        {26, u"il file non è un database"_s},
+    };
+    constexpr int kWithoutDetails = 0xFF;
+    return kReasons.value(error.nativeErrorCode().toInt() & kWithoutDetails, error.databaseText());
+}
+
 [[noreturn]] void Fail(FailureKind kind, const QSqlError& error)
 {
-    throw RuntimeFailure(kind, RuntimeFailure(kind).Text() + " (" + error.databaseText().toStdString() + ")");
+    throw RuntimeFailure(kind, RuntimeFailure(kind).Text() + " (" + ReasonOf(error).toStdString() + ")");
 }
 
 /// A connection of its own for one operation, closed and removed at its end.

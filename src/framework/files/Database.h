@@ -18,6 +18,7 @@
 /// empty.
 struct Company {
     static constexpr std::size_t kTexts = 10;
+    static constexpr int kLongestText = 50; ///< characters
     /// The names of the text fields, in the order of the table.
     static constexpr std::array<QLatin1StringView, kTexts> kFields = {
         QLatin1StringView("AZIENDA"), QLatin1StringView("TITOLARE"), QLatin1StringView("RESPONSABILECHIMICO"),
@@ -31,7 +32,7 @@ struct Company {
 };
 
 /// Fails: DatabaseNotOpen for a file that is missing, locked or no database, TableNotFound without the table
-/// or its record. The text tells the reason.
+/// or its record. The text tells the reason, in Italian where it is one of the usual ones.
 Company ReadCompany(const QString& dbFile);
 
 /// Changes the one record. Fails as ReadCompany does, with DatabaseNotWritten when the file can't be written,

@@ -18,11 +18,15 @@ namespace
 
 constexpr qsizetype kBlock = 1 << 18;
 
-[[noreturn]] void Fail(FailureKind kind, const QString& reason)
+RuntimeFailure Failure(FailureKind kind, const QString& reason)
 {
     const RuntimeFailure plain(kind);
-    throw RuntimeFailure(kind,
-                         reason.isEmpty() ? plain.Text() : plain.Text() + " (" + reason.toStdString() + ")");
+    return {kind, reason.isEmpty() ? plain.Text() : plain.Text() + " (" + reason.toStdString() + ")"};
+}
+
+[[noreturn]] void Fail(FailureKind kind, const QString& reason)
+{
+    throw Failure(kind, reason);
 }
 
 FailureKind KindOf(int systemError, FailureKind otherwise)
@@ -48,8 +52,7 @@ FailureKind KindOf(int systemError, FailureKind otherwise)
 
 [[noreturn]] void FailWithSystemError(int systemError, FailureKind otherwise = FailureKind::DeviceError)
 {
-    const QString reason = systemError == 0 ? QString() : QString::fromLocal8Bit(std::strerror(systemError));
-    Fail(KindOf(systemError, otherwise), reason);
+    throw SystemFailure(systemError, otherwise);
 }
 
 void RequirePlace(const QFileInfo& target)
@@ -74,6 +77,12 @@ void SyncFolder(const QString& folder)
 }
 
 } // namespace
+
+RuntimeFailure SystemFailure(int systemError, FailureKind otherwise)
+{
+    const QString reason = systemError == 0 ? QString() : QString::fromLocal8Bit(std::strerror(systemError));
+    return Failure(KindOf(systemError, otherwise), reason);
+}
 
 SafeFile::SafeFile(const QString& fileName) : m_file(fileName)
 {

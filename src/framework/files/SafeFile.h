@@ -1,6 +1,8 @@
 // The one way in which the program writes a file: whole or not at all.
 #pragma once
 
+#include "stats/RuntimeFailure.h"
+
 #include <QByteArrayView>
 #include <QCryptographicHash>
 #include <QSaveFile>
@@ -28,6 +30,10 @@ private:
     QSaveFile m_file;
     QCryptographicHash m_hash{QCryptographicHash::Sha1};
 };
+
+/// What the program calls an error of the system, with the system's own word for it; otherwise: what it calls
+/// one that it has no kind for. 0 stands for an error that is not known.
+RuntimeFailure SystemFailure(int systemError, FailureKind otherwise = FailureKind::DeviceError);
 
 /// Replaces the file by these bytes, or creates it.
 void WriteSafeFile(const QString& fileName, QByteArrayView bytes);

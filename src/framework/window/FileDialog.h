@@ -6,9 +6,14 @@
 #include <QPointer>
 #include <QWidget>
 
+struct Define;
+
 class FileDialog : public CommonDialog
 {
 public:
+    /// define outlives the dialog, and has the title of its boxes.
+    explicit FileDialog(const Define& define) : m_define(define) {}
+
     /// The dialogs open over this window.
     void SetParent(QWidget* parent) { m_parent = parent; }
 
@@ -17,5 +22,8 @@ public:
     QString BrowseFolder(const QString& title, const QString& folder) override;
 
 private:
+    bool MayReplace(QWidget* parent, const QString& name) const;
+
+    const Define& m_define;
     QPointer<QWidget> m_parent;
 };

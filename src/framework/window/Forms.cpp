@@ -5,13 +5,87 @@
 #include <QMdiSubWindow>
 #include <QRegularExpressionValidator>
 #include <QScreen>
+#include <QScrollArea>
+#include <QStyle>
+#include <QVBoxLayout>
+
+#include <array>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+/// Wants the room of all that it shows; the library's own stops at a few lines.
+class BodyArea : public QScrollArea
+{
+public:
+    explicit BodyArea(QWidget* body)
+    {
+        setFrameShape(QFrame::NoFrame);
+        setFocusPolicy(Qt::NoFocus);
+        setWidgetResizable(true);
+        setWidget(body);
+    }
+    QSize sizeHint() const override { return widget()->sizeHint(); }
+};
+
+/// The title that the desktop puts above a dialog; how high it is, is not known before it is there.
+QSize WithTitle(const QWidget* dialog, const QSize& size)
+{
+    return size + QSize(0, dialog->style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, dialog));
+}
+
+} // namespace
+
+void BuildForm(QDialog* dialog, QWidget* body, QLayout* buttons)
+{
+    body->layout()->setContentsMargins(0, 0, 0, 0);
+    auto* layout = new QVBoxLayout(dialog);
+    layout->addWidget(new BodyArea(body), 1);
+    layout->addLayout(buttons);
+    CenterForm(dialog);
+}
 
 void CenterForm(QWidget* dialog)
 {
-    dialog->adjustSize();
-    QRect place(QPoint(), dialog->size());
-    place.moveCenter(dialog->screen()->availableGeometry().center());
+    dialog->ensurePolished();
+    const QRect room = dialog->screen()->availableGeometry();
+    const int title = WithTitle(dialog, QSize(0, 0)).height();
+    const int bar = dialog->style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, dialog);
+    const QSize whole = dialog->sizeHint();
+    // What has to scroll one way needs the room of the bar in the other.
+    QSize size = whole;
+    if (whole.height() + title > room.height())
+        size.rwidth() += bar;
+    if (whole.width() > room.width())
+        size.rheight() += bar;
+    dialog->resize(size.boundedTo(room.size() - QSize(0, title)));
+    QRect place(QPoint(), WithTitle(dialog, dialog->size()));
+    place.moveCenter(room.center());
     dialog->move(place.topLeft());
+}
+
+void KeepClearOf(QWidget* dialog, const QRect& part)
+{
+    const QRect room = dialog->screen()->availableGeometry();
+    const QRect place(dialog->pos(), WithTitle(dialog, dialog->size()));
+    if (!place.intersects(part))
+        return;
+    const std::array<QPoint, 4> beside = {
+        QPoint(place.left(), part.bottom() + 1), QPoint(part.right() + 1, place.top()),
+        QPoint(part.left() - place.width(), place.top()), QPoint(place.left(), part.top() - place.height())};
+    for (const QPoint& at : beside) {
+        if (room.contains(QRect(at, place.size()))) {
+            dialog->move(at);
+            return;
+        }
+    }
+}
+
+QString TitleOf(QString text)
+{
+    return text.replace("[*]"_L1, "[*][*]"_L1);
 }
 
 QPushButton* NewButton(const QString& name, const QString& caption)

@@ -1,12 +1,28 @@
 // What dialogs share.
 #pragma once
 
+#include <QDialog>
 #include <QKeyEvent>
+#include <QLayout>
 #include <QPushButton>
+#include <QRect>
+#include <QString>
 #include <QValidator>
 
-/// Places a dialog in the middle of its screen, in its own size.
+/// Puts a dialog together, of its body and the row of its buttons, and places it in the middle of its screen.
+/// On a screen that is too small for the body the body scrolls, and the buttons stay in sight.
+void BuildForm(QDialog* dialog, QWidget* body, QLayout* buttons);
+
+/// Places a dialog in the middle of its screen, in its own size or in as much of it as the screen has room
+/// for.
 void CenterForm(QWidget* dialog);
+
+/// Moves a dialog that is not shown yet, and that would cover this part of the screen, beside it. One for
+/// which there is no room there stays.
+void KeepClearOf(QWidget* dialog, const QRect& part);
+
+/// The window title that shows this text, also where "[*]" stands in it.
+QString TitleOf(QString text);
 
 /// A dialog's button with this objectName.
 QPushButton* NewButton(const QString& name, const QString& caption);

@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QMessageBox>
+#include <QRegularExpression>
 
 using namespace Qt::StringLiterals;
 
@@ -30,10 +31,23 @@ QMessageBox::Icon BoxIcon(MessageIcon icon)
 void Prepare(QMessageBox& box, const QString& text)
 {
     box.setTextFormat(Qt::PlainText);
-    box.setText(QString(text).replace("\r\n"_L1, "\n"_L1));
+    box.setText(Breakable(text).replace("\r\n"_L1, "\n"_L1));
 }
 
 } // namespace
+
+QString Breakable(QString text)
+{
+    static const QRegularExpression kLongWord(u"\\S{41,}"_s);
+    static const QRegularExpression kMayBreakBehind(u"([^/]{40}|/)(?=.)"_s);
+    QRegularExpressionMatch word;
+    for (qsizetype from = 0; (word = kLongWord.match(text, from)).hasMatch();) {
+        const QString parts = word.captured().replace(kMayBreakBehind, u"\\1\u200B"_s);
+        text.replace(word.capturedStart(), word.capturedLength(), parts);
+        from = word.capturedStart() + parts.size();
+    }
+    return text;
+}
 
 void MessageBoxes::Show(MessageIcon icon, const QString& title, const QString& text)
 {

@@ -6,6 +6,10 @@
 #include <QPointer>
 #include <QWidget>
 
+/// The text as a box shows it: a word that is too long for a line, as a path may be, breaks behind its
+/// separators, and where it has none.
+QString Breakable(QString text);
+
 class MessageBoxes : public Messages
 {
 public:

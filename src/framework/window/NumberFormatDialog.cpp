@@ -49,11 +49,11 @@ NumberFormatDialog::NumberFormatDialog(const DataGrid& grid, const DocumentConte
     buttons->addWidget(ok);
     buttons->addWidget(cancel);
 
-    auto* layout = new QVBoxLayout(this);
+    auto* body = new QWidget;
+    auto* layout = new QVBoxLayout(body);
     layout->addWidget(new QLabel(u"Imposta il numero degli interi e dei decimali"_s));
     layout->addLayout(form);
-    layout->addLayout(buttons);
-    CenterForm(this);
+    BuildForm(this, body, buttons);
 }
 
 void NumberFormatDialog::Refuse(const QString& text)

@@ -129,7 +129,7 @@ QSize TestWindow::sizeHint() const
 
 void TestWindow::Refresh()
 {
-    setWindowTitle(m_document->Title());
+    setWindowTitle(TitleOf(m_document->Title()));
     m_fields->Refresh();
     m_pages->Refresh();
     m_panels->SetStatus(m_document->FormatText());

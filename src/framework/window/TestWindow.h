@@ -34,6 +34,9 @@ public:
     /// The window has become the active one.
     virtual void Activated();
 
+    /// Opens a file of this test, with the questions of its command Apri.
+    void OpenFile(const QString& fileName) { m_commands->OpenFile(fileName); }
+
     /// Whether closing asks about this document.
     bool HasChanges() const { return m_document->IsModify() || m_document->ChangeMade(); }
     /// Takes over what is being typed. False when it is refused.

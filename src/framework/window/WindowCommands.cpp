@@ -14,6 +14,7 @@
 
 #include <QClipboard>
 #include <QGuiApplication>
+#include <QHeaderView>
 #include <QScopeGuard>
 
 #include <algorithm>
@@ -22,6 +23,19 @@
 #include <utility>
 
 using namespace Qt::StringLiterals;
+
+namespace
+{
+
+/// Where the first rows of a grid stand on the screen.
+QRect FirstRows(const GridView& view)
+{
+    constexpr int kRows = 5;
+    const int height = view.horizontalHeader()->height() + kRows * view.rowHeight(0);
+    return {view.mapToGlobal(QPoint()), QSize(view.width(), height)};
+}
+
+} // namespace
 
 WindowCommands::WindowCommands(QWidget& window, TestDocument& document, Frame& frame)
     : QObject(&window), m_window(window), m_document(document), m_frame(frame), m_toolbar(new QToolBar)
@@ -172,6 +186,14 @@ void WindowCommands::FileApri()
         SetTools(true);
 }
 
+void WindowCommands::OpenFile(const QString& fileName)
+{
+    RunCommand([this, fileName] {
+        if (OpenNamed(m_document, fileName))
+            SetTools(true);
+    });
+}
+
 void WindowCommands::FileChiudi()
 {
     // The frame's own window of this one closes, too.
@@ -192,6 +214,8 @@ void WindowCommands::StrumentiSetup()
     GridView* view = m_grids.front();
     view->setCurrentIndex(view->model()->index(0, 0));
     NumberFormatDialog dialog(m_document.Grid(), m_document.Context(), AsGuard(), DialogParent(&m_window));
+    if (view->isVisible())
+        KeepClearOf(&dialog, FirstRows(*view));
     dialog.exec();
     if (dialog.NumberFormat.isEmpty())
         return;

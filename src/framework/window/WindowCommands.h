@@ -58,6 +58,8 @@ public:
     [[nodiscard]] bool Settle();
 
     void FileChiudi();
+    /// As FileApri does, but for the dialog.
+    void OpenFile(const QString& fileName);
     void StrumentiSetup();
 
 Q_SIGNALS:
