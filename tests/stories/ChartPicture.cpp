@@ -2,7 +2,7 @@
 
 #include <QBuffer>
 #include <QFontMetricsF>
-#include <QMetaEnum>
+#include <QLineF>
 #include <QPolygonF>
 #include <QRegularExpression>
 #include <QSvgGenerator>
@@ -76,12 +76,7 @@ QString LookOf(const QXmlStreamAttributes& group)
         look += value("stroke"_L1) + u' ' + value("stroke-width"_L1) + percent("stroke-opacity"_L1);
     if (!value("stroke-dasharray"_L1).isEmpty())
         look += u"dashes "_s + value("stroke-dasharray"_L1);
-    QString fill = value("fill"_L1);
-    if (fill.startsWith(u"url")) { // "url(#fillpattern7_0072b2)"
-        const int style = fill.section(u"pattern"_s, 1).section(u'_', 0, 0).toInt();
-        fill = QString::fromLatin1(QMetaEnum::fromType<Qt::BrushStyle>().valueToKey(style)) + u" #"_s +
-               fill.section(u'_', 1).chopped(1);
-    }
+    const QString fill = value("fill"_L1);
     if (fill != u"none")
         look += u"on "_s + fill + percent("fill-opacity"_L1);
     return look.join(u' ');
@@ -100,6 +95,20 @@ QPolygonF PointsOf(const QXmlStreamAttributes& element)
     for (qsizetype i = 1; i < numbers.size(); i += 2)
         points += QPointF(numbers[i - 1], numbers[i]);
     return points;
+}
+
+/// "hatch 45° 135°, 6 apart": by its strokes.
+QString HatchOf(const QPolygonF& ends)
+{
+    QStringList angles;
+    for (qsizetype i = 1; i < ends.size(); i += 2) {
+        const QString angle = Rounded(std::fmod(QLineF(ends[i - 1], ends[i]).angle(), 180)) + u"°"_s;
+        angles += angles.contains(angle) ? QStringList() : QStringList(angle);
+    }
+    const QPointF first = ends[1] - ends[0];
+    const QPointF aside = ends[2] - ends[0];
+    const double apart = (first.x() * aside.y() - first.y() * aside.x()) / std::hypot(first.x(), first.y());
+    return u"hatch %1, %2 apart"_s.arg(angles.join(u' '), Rounded(std::fabs(apart), 1));
 }
 
 Shape TextOf(const QXmlStreamAttributes& element, const QString& text, const QTransform& matrix)
@@ -217,7 +226,8 @@ void Reader::Read(const QByteArray& svg)
             if (box.width() >= m_whole.width() - 1 && box.height() >= m_whole.height() - 1)
                 m_head += u' ' + LookOf(group);
             else if (!LookOf(group).isEmpty())
-                m_shapes.append({kind, LookOf(group), points, box, box.adjusted(1, 1, -1, -1)});
+                m_shapes.append({element.value("d"_L1).count(u'M') > 1 ? HatchOf(points) : kind,
+                                 LookOf(group), points, box, box.adjusted(1, 1, -1, -1)});
         }
     }
 }
@@ -274,12 +284,12 @@ void Reader::FindLabels(std::size_t along)
             return !text.turned && std::fabs(off) < 2 && away > 0 && away < kNear;
         });
         if (label == m_texts.end()) {
-            axis.labels += u"NO LABEL"_s;
+            axis.labels += u"·"_s;
             continue;
         }
         bool isNumber = false;
         const double number = QString(label->text).replace(u',', u'.').toDouble(&isNumber);
-        known.append({tick, isNumber ? number : static_cast<double>(known.size() + 1)});
+        known.append({tick, isNumber ? number : static_cast<double>(axis.labels.size() + 1)});
         axis.labels += label->look == u"8" ? label->text : label->text + u' ' + label->look;
         m_labels += *label;
         m_texts.erase(label);

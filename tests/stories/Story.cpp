@@ -138,7 +138,7 @@ QString Story::Tell()
         m_told += line;
         m_look.start(0);
         const Step step = Parsed(line);
-        m_waits = step.verb == u"rightclick"; // other menus let a step go on
+        m_waits = step.verb == u"rightclick" || line == u"> press Shift+F10"; // other menus let a step go on
         Do(step);
         m_waits = false;
         Settle(m_program == nullptr ? nullptr : &m_program->Window());
@@ -246,7 +246,9 @@ Picture Story::World() const
     const QImage picture = QGuiApplication::clipboard()->image();
     tell(u"clipboard"_s, picture.isNull()
                              ? Quoted(QGuiApplication::clipboard()->text())
-                             : u"a picture, %1 x %2"_s.arg(picture.width()).arg(picture.height()));
+                             : u"a picture, %1 x %2, %3 mm wide"_s.arg(picture.width())
+                                   .arg(picture.height())
+                                   .arg(qRound(1000.0 * picture.width() / picture.dotsPerMeterX())));
     tell(u"beeps"_s, QString::number(g_beeps));
     return world + Files();
 }

@@ -109,6 +109,19 @@ QString ChartValueText(const ChartData& chart, const QPointF& at, QStringView de
                                             : NearestPoint(chart, at, decSep);
 }
 
+std::vector<QPointF> ChartPoints(const ChartData& chart)
+{
+    std::vector<QPointF> points;
+    const bool bars = chart.type == ChartType::HighLow;
+    for (std::size_t i = 0; i < (bars ? 1 : chart.SeriesCount()); ++i) {
+        for (const auto& row : chart.rows) {
+            const double place = static_cast<double>(points.size()) + 1;
+            points.push_back(bars ? QPointF(place, row[2]) : QPointF(row[2 * i], row[2 * i + 1]));
+        }
+    }
+    return points;
+}
+
 QString ChartDescription(const ChartData& chart, QStringView decSep)
 {
     if (chart.IsEmpty())

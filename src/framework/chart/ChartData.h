@@ -65,5 +65,8 @@ struct ChartData {
 /// where nothing is near. at: in the unit of the axes. A curve that stands alone is read along x.
 QString ChartValueText(const ChartData& chart, const QPointF& at, QStringView decSep);
 
+/// Where a reader stops: at the points, series by series, or at the bars' marks. In the unit of the axes.
+std::vector<QPointF> ChartPoints(const ChartData& chart);
+
 /// What the chart shows, for those who don't see it.
 QString ChartDescription(const ChartData& chart, QStringView decSep);

@@ -1,5 +1,8 @@
 #include "framework/chart/PlotSeries.h"
 
+#include "framework/chart/PlotHatch.h"
+#include "framework/chart/PlotTicks.h"
+
 #include <qcustomplot.h>
 
 #include <algorithm>
@@ -18,22 +21,26 @@ constexpr int kMarkOpacity = 80; ///< of 255: marks that lie on each other are a
 
 constexpr double kBarWidth = 0.4;
 constexpr double kBarPen = 1.5;
+constexpr double kHatchPen = 1;
+constexpr int kBarOpacity = 28; ///< of 255: the hatch is what is seen
+/// What the library fills of a bar's place in the legend.
+constexpr double kIconPart = 0.67;
 /// Above and below what a chart shows, where its scale is free: a tenth of it.
 constexpr double kRoom = 0.1;
 
-/// Series are told apart by dashes, groups of marks by form, bars by patterns; the colours come on top. Each
+/// Series are told apart by dashes, groups of marks by form, bars by hatches; the colours come on top. Each
 /// has a contrast of 3:1 and more on white; colour blind readers can tell the first three apart (Okabe and
 /// Ito).
 struct Look {
     QRgb color;
     Qt::PenStyle line;
-    Qt::BrushStyle fill;
+    Hatch hatch;
 };
-constexpr std::array kLooks = {Look{qRgb(0, 114, 178), Qt::SolidLine, Qt::Dense6Pattern},
-                               Look{qRgb(213, 94, 0), Qt::DashLine, Qt::BDiagPattern},
-                               Look{qRgb(0, 158, 115), Qt::DotLine, Qt::DiagCrossPattern},
-                               Look{qRgb(170, 68, 153), Qt::DashDotLine, Qt::FDiagPattern},
-                               Look{qRgb(64, 64, 64), Qt::DashDotDotLine, Qt::CrossPattern}};
+constexpr std::array kLooks = {Look{qRgb(0, 114, 178), Qt::SolidLine, Hatch::Rising},
+                               Look{qRgb(213, 94, 0), Qt::DashLine, Hatch::Crossed},
+                               Look{qRgb(0, 158, 115), Qt::DotLine, Hatch::Falling},
+                               Look{qRgb(170, 68, 153), Qt::DashDotLine, Hatch::Upright},
+                               Look{qRgb(64, 64, 64), Qt::DashDotDotLine, Hatch::Squared}};
 
 /// As many as have no common divisor with the colours: form and colour together come back late.
 constexpr std::array kForms = {
@@ -46,12 +53,18 @@ const Look& LookOf(std::size_t index)
     return kLooks[index % kLooks.size()];
 }
 
+QColor Translucent(QRgb color, int opacity)
+{
+    QColor translucent(color);
+    translucent.setAlpha(opacity);
+    return translucent;
+}
+
 QCPScatterStyle MarkOf(std::size_t index)
 {
-    const QColor color(LookOf(index).color);
-    QColor inside = color;
-    inside.setAlpha(kMarkOpacity);
-    return {kForms[index % kForms.size()], QPen(color, kMarkWidth), QBrush(inside), kMarkSize};
+    const QRgb color = LookOf(index).color;
+    return {kForms[index % kForms.size()], QPen(QColor(color), kMarkWidth),
+            QBrush(Translucent(color, kMarkOpacity)), kMarkSize};
 }
 
 struct Line {
@@ -84,13 +97,40 @@ std::optional<Line> FittedLine(const ChartData& chart, std::size_t i)
     return Line{at(low), at(high)};
 }
 
+/// A line without what lies outside of the axes: the library leads it around them, for fillings, which
+/// pictures of vectors would show.
+class SeenCurve : public QCPCurve
+{
+public:
+    using QCPCurve::QCPCurve;
+
+protected:
+    void drawCurveLine(QCPPainter* painter, const QVector<QPointF>& lines) const override
+    {
+        const QRectF axes = EndToEnd(*keyAxis()->axisRect());
+        const auto isOutside = [&axes](const QPointF& from, const QPointF& to) {
+            return std::max(from.x(), to.x()) < axes.left() || std::min(from.x(), to.x()) > axes.right() ||
+                   std::max(from.y(), to.y()) < axes.top() || std::min(from.y(), to.y()) > axes.bottom();
+        };
+        QVector<QPointF> run = lines.first(std::min<qsizetype>(1, lines.size()));
+        for (qsizetype i = 1; i < lines.size(); ++i) {
+            if (isOutside(lines[i - 1], lines[i])) {
+                QCPCurve::drawCurveLine(painter, run);
+                run.clear();
+            }
+            run.append(lines[i]);
+        }
+        QCPCurve::drawCurveLine(painter, run);
+    }
+};
+
 QCPCurve* AddCurve(QCustomPlot& plot, const QList<QPointF>& points)
 {
     QVector<QCPCurveData> data;
     data.reserve(points.size());
     for (const QPointF& point : points)
         data.append(QCPCurveData(static_cast<double>(data.size()), point.x(), point.y()));
-    auto* curve = new QCPCurve(plot.xAxis, plot.yAxis);
+    auto* curve = new SeenCurve(plot.xAxis, plot.yAxis);
     curve->data()->set(data, true);
     curve->setLineStyle(QCPCurve::lsNone);
     return curve;
@@ -113,6 +153,35 @@ QList<QPointF> Points(const ChartData& chart, std::size_t i, std::size_t first, 
     return points;
 }
 
+/// A line between points of which all are one is not seen.
+bool IsPoint(const QList<QPointF>& points)
+{
+    return std::ranges::all_of(points, [&points](const QPointF& point) {
+        return point.x() == points.front().x() && point.y() == points.front().y();
+    });
+}
+
+/// A point that is seen whole at the end of an axis, too.
+class WholePoint : public QCPCurve
+{
+public:
+    using QCPCurve::QCPCurve;
+
+protected:
+    QRect clipRect() const override { return parentPlot()->viewport(); }
+};
+
+QCPCurve* AddLineOrPoint(QCustomPlot& plot, const QList<QPointF>& points, const Look& look)
+{
+    if (!IsPoint(points))
+        return AddLine(plot, points, QPen(QColor(look.color), kLineWidth, look.line));
+    auto* point = new WholePoint(plot.xAxis, plot.yAxis);
+    point->addData(points.front().x(), points.front().y());
+    point->setLineStyle(QCPCurve::lsNone);
+    point->setScatterStyle({QCPScatterStyle::ssDisc, QColor(look.color), kMarkSize});
+    return point;
+}
+
 /// Adds pair i with the looks from this one on, and gives the count of those that it took. What is added
 /// later lies above.
 std::size_t AddPair(QCustomPlot& plot, const ChartData& chart, std::size_t i, std::size_t look)
@@ -128,7 +197,7 @@ std::size_t AddPair(QCustomPlot& plot, const ChartData& chart, std::size_t i, st
         named = AddLine(plot, {fit->from, fit->to},
                         QPen(groups > 1 ? QColor(Qt::black) : QColor(own.color), kFitWidth, own.line));
     if (series.line)
-        named = AddLine(plot, Points(chart, i, 0, rows), QPen(QColor(own.color), kLineWidth, own.line));
+        named = AddLineOrPoint(plot, Points(chart, i, 0, rows), own);
     for (std::size_t group = 0; series.marks && group < groups; ++group) {
         // Marks of one look belong to their line, in the legend, too.
         QCPCurve* marks =
@@ -144,13 +213,15 @@ std::size_t AddPair(QCustomPlot& plot, const ChartData& chart, std::size_t i, st
     return groups;
 }
 
-/// A bar that ends just outside of the axes: pictures of vectors know no clipping.
+/// A hatched bar that ends just outside of the axes: pictures of vectors know no clipping.
 class SeenBar : public QCPBars
 {
 public:
-    SeenBar(const QCustomPlot& plot, double place, double lowest, double highest)
-        : QCPBars(plot.xAxis, plot.yAxis), m_place(place), m_lowest(lowest), m_highest(highest)
+    SeenBar(const QCustomPlot& plot, double place, double lowest, double highest, const Look& look)
+        : QCPBars(plot.xAxis, plot.yAxis), m_place(place), m_lowest(lowest), m_highest(highest), m_look(look)
     {
+        setPen(QPen(QColor(look.color), kBarPen));
+        setBrush(QBrush(Translucent(look.color, kBarOpacity)));
     }
 
 protected:
@@ -162,14 +233,31 @@ protected:
         const double beyond = std::fabs(valueAxis()->pixelToCoord(kBarPen) - valueAxis()->pixelToCoord(0));
         const double from = std::max(m_lowest, seen.lower - beyond);
         setBaseValue(from);
-        data()->set({QCPBarsData(m_place, std::min(m_highest, seen.upper + beyond) - from)}, true);
+        const double height = std::min(m_highest, seen.upper + beyond) - from;
+        data()->set({QCPBarsData(m_place, height)}, true);
         QCPBars::draw(painter);
+        DrawHatch(painter, getBarRect(m_place, height));
+    }
+    void drawLegendIcon(QCPPainter* painter, const QRectF& rect) const override
+    {
+        QCPBars::drawLegendIcon(painter, rect);
+        QRectF box(QPointF(), rect.size() * kIconPart);
+        box.moveCenter(rect.center());
+        DrawHatch(painter, box);
     }
 
 private:
+    void DrawHatch(QCPPainter* painter, const QRectF& box) const
+    {
+        painter->setPen(QPen(QColor(m_look.color), kHatchPen));
+        painter->setBrush(Qt::NoBrush);
+        painter->drawPath(HatchLines(m_look.hatch, box));
+    }
+
     double m_place;
     double m_lowest;
     double m_highest;
+    Look m_look;
 };
 
 /// A bar from the lowest to the highest number, and a line at the mean.
@@ -177,11 +265,9 @@ void AddBar(QCustomPlot& plot, const ChartData& chart, std::size_t i)
 {
     const auto& row = chart.rows[i];
     const double place = static_cast<double>(i) + 1;
-    auto* bar = new SeenBar(plot, place, row[1], row[0]);
+    auto* bar = new SeenBar(plot, place, row[1], row[0], LookOf(i));
     bar->setWidth(kBarWidth);
     bar->setName(chart.rowLabels.value(static_cast<qsizetype>(i)));
-    bar->setPen(QPen(QColor(LookOf(i).color), kBarPen));
-    bar->setBrush(QBrush(QColor(LookOf(i).color), LookOf(i).fill));
     bar->addToLegend();
     AddLine(plot, {{place - kBarWidth / 2, row[2]}, {place + kBarWidth / 2, row[2]}}, QPen(Qt::black, 2.5));
 }

@@ -24,6 +24,8 @@ ChartPage::ChartPage(const TestDocument& document, const QString& caption) : m_d
 
 void ChartPage::Refresh()
 {
+    for (ChartView* chart : std::as_const(m_charts))
+        chart->SetResults(m_document.Results());
     if (std::exchange(m_shown, m_document.ChartState()) == m_document.ChartState())
         return;
     qsizetype next = 0;

@@ -6,8 +6,10 @@
 #include "framework/document/Messages.h"
 #include "framework/files/SafeFile.h"
 #include "framework/text/TextFunctions.h"
+#include "framework/window/ChartNotice.h"
 #include "stats/RuntimeFailure.h"
 
+#include <QAccessibleWidget>
 #include <QClipboard>
 #include <QContextMenuEvent>
 #include <QGuiApplication>
@@ -16,8 +18,10 @@
 #include <QPainter>
 #include <QToolTip>
 
+#include <algorithm>
 #include <cmath>
 #include <optional>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -27,26 +31,74 @@ namespace
 constexpr double kZoomStep = 0.8;
 constexpr double kWheelStep = 120;
 constexpr double kKeyDrag = 30;
+/// Where keys read a curve of many points.
+constexpr qsizetype kStops = 40;
+
+/// White over a chart that is not current, of 255: black becomes a grey of 5.7 to 1.
+constexpr int kVeil = 102;
+constexpr QRgb kQuietText = qRgb(89, 89, 89);
+
+const QString kNoChart = u"Inserire i dati e scegliere Calcola"_s;
+const QString kStale = u"Risultati non aggiornati"_s;
+
+/// Charts have a role of their own for screen readers, which don't read what is but painted.
+QAccessibleInterface* ChartInterface(const QString& /*className*/, QObject* object)
+{
+    auto* chart = qobject_cast<ChartView*>(object);
+    return chart == nullptr ? nullptr : new QAccessibleWidget(chart, QAccessible::Chart);
+}
+
 } // namespace
 
 ChartView::ChartView(const QString& name, const QString& caption, const DocumentContext& context,
                      QWidget* parent)
-    : QWidget(parent), m_context(context)
+    : QWidget(parent), m_context(context), m_notice(new ChartNotice(this))
 {
+    QAccessible::installFactory(ChartInterface);
     setObjectName(name);
     setAccessibleName(caption);
     setMouseTracking(true);
     setFocusPolicy(Qt::StrongFocus);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+    connect(m_notice, &ChartNotice::AllAsked, this, &ChartView::ShowAll);
     ShowChart(ChartData(name));
 }
 
 void ChartView::ShowChart(const ChartData& chart)
 {
     m_chart = chart;
-    m_stale = true;
-    setAccessibleDescription(ChartDescription(m_chart, m_context.define.DecSep));
+    m_isNew = true;
+    m_read = -1;
+    m_notice->hide();
+    Describe();
     update();
+}
+
+void ChartView::SetResults(ResultState results)
+{
+    if (std::exchange(m_results, results) == results)
+        return;
+    Describe();
+    update();
+}
+
+bool ChartView::IsStale() const
+{
+    return m_results == ResultState::Stale && !m_chart.IsEmpty();
+}
+
+/// What stands in the chart's place.
+QString ChartView::Hint() const
+{
+    if (!m_chart.IsEmpty())
+        return m_failure;
+    return m_results == ResultState::None ? kNoChart : ChartDescription(m_chart, m_context.define.DecSep);
+}
+
+void ChartView::Describe()
+{
+    const QString shown = m_chart.IsEmpty() ? Hint() : ChartDescription(m_chart, m_context.define.DecSep);
+    setAccessibleDescription(IsStale() ? kStale + u"; "_s + shown : shown);
 }
 
 ChartPainter* ChartView::Painter()
@@ -61,9 +113,8 @@ ChartPainter* ChartView::Painter()
             return nullptr;
         }
     }
-    if (m_stale)
+    if (std::exchange(m_isNew, false))
         m_painter->SetChart(m_chart, m_context.define.DecSep);
-    m_stale = false;
     return m_painter.get();
 }
 
@@ -76,25 +127,43 @@ void ChartView::paintEvent(QPaintEvent* /*event*/)
     if (ChartPainter* chart = Painter())
         chart->Paint(*this, size());
     QPainter painter(this);
-    if (!m_failure.isEmpty())
-        painter.drawText(rect(), Qt::AlignCenter | Qt::TextWordWrap, m_failure);
+    if (IsStale())
+        painter.fillRect(rect(), QColor(255, 255, 255, kVeil));
+    painter.setPen(QColor(kQuietText));
+    painter.drawText(rect(), Qt::AlignCenter | Qt::TextWordWrap, Hint());
     painter.setPen(hasFocus() ? palette().color(QPalette::Highlight) : palette().color(QPalette::Mid));
     painter.drawRect(rect().adjusted(0, 0, -1, -1));
+}
+
+void ChartView::Seen()
+{
+    ChartPainter* chart = Painter();
+    const bool isCut = chart != nullptr && !chart->IsWhole();
+    if (isCut)
+        m_notice->PlaceIn(chart->LayOut(size()));
+    m_notice->setVisible(isCut);
+    update();
 }
 
 void ChartView::ZoomAt(const QPointF& at, double factor)
 {
     if (ChartPainter* chart = Painter()) {
         chart->Zoom(at, factor);
-        update();
+        Seen();
     }
+}
+
+void ChartView::ZoomMiddle(double factor)
+{
+    if (ChartPainter* chart = Painter())
+        ZoomAt(QRectF(chart->LayOut(size())).center(), factor);
 }
 
 void ChartView::DragBy(const QPointF& by)
 {
     if (ChartPainter* chart = Painter()) {
         chart->Drag(by);
-        update();
+        Seen();
     }
 }
 
@@ -102,8 +171,14 @@ void ChartView::ShowAll()
 {
     if (ChartPainter* chart = Painter()) {
         chart->ShowAll();
-        update();
+        Seen();
     }
+}
+
+void ChartView::resizeEvent(QResizeEvent* /*event*/)
+{
+    if (!m_notice->isHidden())
+        Seen();
 }
 
 void ChartView::wheelEvent(QWheelEvent* event)
@@ -156,55 +231,90 @@ void ChartView::ShowValues(const QPointF& at, const QPoint& global)
 {
     const ChartPainter* chart = Painter();
     const auto values = chart == nullptr ? std::nullopt : chart->ValuesAt(at);
-    const QString text = values ? ChartValueText(m_chart, *values, m_context.define.DecSep) : QString();
+    QString text = values ? ChartValueText(m_chart, *values, m_context.define.DecSep) : QString();
+    if (IsStale())
+        text = text.isEmpty() ? kStale : kStale + u'\n' + text;
     if (text.isEmpty())
         QToolTip::hideText();
     else
         QToolTip::showText(global, text, this);
 }
 
+void ChartView::ReadOn(int direction)
+{
+    ChartPainter* chart = Painter();
+    if (chart == nullptr)
+        return;
+    chart->LayOut(size());
+    QList<QPointF> places;
+    for (const QPointF& point : ChartPoints(m_chart)) {
+        if (const QPointF place = chart->PlaceOf(point); chart->ValuesAt(place))
+            places += place;
+    }
+    const qsizetype apart = std::max<qsizetype>(1, places.size() / kStops);
+    const qsizetype last = (places.size() - 1) / apart;
+    if (places.isEmpty())
+        return;
+    m_read = m_read < 0 && direction < 0 ? last : std::clamp<qsizetype>(m_read + direction, 0, last);
+    const QPointF place = places[m_read * apart];
+    ShowValues(place, mapToGlobal(place).toPoint());
+}
+
 void ChartView::keyPressEvent(QKeyEvent* event)
 {
-    const QPointF middle = QRectF(rect()).center();
-    switch (event->key()) {
+    const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (event->matches(QKeySequence::Copy))
+        CopyPicture();
+    else if (isEnter && m_enlargeable)
+        Q_EMIT EnlargeAsked();
+    else if (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier)
+        ShowMenu(mapToGlobal(rect().center())); // the menu's own key comes as an event of its own
+    else if (!Move(event->key(), event->modifiers() == Qt::ControlModifier))
+        QWidget::keyPressEvent(event);
+}
+
+bool ChartView::Move(int key, bool withCtrl)
+{
+    switch (key) {
     case Qt::Key_Plus:
-        ZoomAt(middle, kZoomStep);
-        break;
+        ZoomMiddle(kZoomStep);
+        return true;
     case Qt::Key_Minus:
-        ZoomAt(middle, 1 / kZoomStep);
-        break;
+        ZoomMiddle(1 / kZoomStep);
+        return true;
     case Qt::Key_Home:
         ShowAll();
-        break;
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-        if (m_enlargeable)
-            Q_EMIT EnlargeAsked();
-        else
-            QWidget::keyPressEvent(event);
-        break;
+        return true;
     case Qt::Key_Left:
-        DragBy({kKeyDrag, 0});
-        break;
-    case Qt::Key_Right:
-        DragBy({-kKeyDrag, 0});
-        break;
+    case Qt::Key_Right: {
+        const int direction = key == Qt::Key_Right ? 1 : -1;
+        if (withCtrl)
+            ReadOn(direction);
+        else
+            DragBy({-direction * kKeyDrag, 0});
+        return true;
+    }
     case Qt::Key_Up:
         DragBy({0, kKeyDrag});
-        break;
+        return true;
     case Qt::Key_Down:
         DragBy({0, -kKeyDrag});
-        break;
+        return true;
     default:
-        QWidget::keyPressEvent(event);
+        return false;
     }
 }
 
 void ChartView::contextMenuEvent(QContextMenuEvent* event)
 {
+    ShowMenu(event->globalPos());
+}
+
+void ChartView::ShowMenu(const QPoint& global)
+{
     QMenu menu(this);
     menu.setObjectName(u"MenuGrafico"_s);
-    menu.addAction(u"&Copia come immagine"_s, this, &ChartView::CopyPicture);
+    menu.addAction(u"&Copia come immagine"_s, this, &ChartView::CopyPicture)->setShortcut(QKeySequence::Copy);
     menu.addSeparator();
     menu.addAction(u"Salva come &PDF..."_s, this,
                    [this] { Save(ChartFormat::Pdf, u"pdf"_s, u"PDF|*.pdf"_s); });
@@ -213,19 +323,19 @@ void ChartView::contextMenuEvent(QContextMenuEvent* event)
     menu.addAction(u"Salva come P&NG..."_s, this,
                    [this] { Save(ChartFormat::Png, u"png"_s, u"PNG|*.png"_s); });
     menu.addSeparator();
-    menu.addAction(u"Mostra &tutto"_s, this, &ChartView::ShowAll);
+    menu.addAction(u"Mostra &tutto"_s, this, &ChartView::ShowAll)->setShortcut(Qt::Key_Home);
     if (m_enlargeable)
         menu.addAction(u"&Ingrandisci o affianca"_s, this, &ChartView::EnlargeAsked);
     for (QAction* action : menu.actions())
         action->setEnabled(Painter() != nullptr);
-    menu.exec(event->globalPos());
+    menu.exec(global);
 }
 
 void ChartView::CopyPicture()
 {
     if (ChartPainter* chart = Painter())
         QGuiApplication::clipboard()->setImage(
-            QImage::fromData(chart->Export(ChartFormat::Png, size()), "PNG"));
+            QImage::fromData(chart->Export(ChartFormat::Png, kChartPage), "PNG"));
 }
 
 void ChartView::Save(ChartFormat format, const QString& extension, const QString& filter)

@@ -1,15 +1,18 @@
 // A chart on screen: zoom with the wheel, drag, double click back to the whole, the values under the pointer,
-// and a menu to copy and save it.
+// and a menu to copy and save it. All of this by keys, too.
 #pragma once
 
 #include "framework/chart/ChartData.h"
 #include "framework/chart/ChartPainter.h"
 #include "framework/document/DocumentContext.h"
+#include "framework/document/TestDocument.h"
 
 #include <QWidget>
 
 #include <memory>
 #include <optional>
+
+class ChartNotice;
 
 class ChartView : public QWidget
 {
@@ -22,6 +25,11 @@ public:
 
     /// Shows this chart from now on, all of it.
     void ShowChart(const ChartData& chart);
+    /// A chart of results that are no longer current is dimmed, on screen alone, and says so; one without
+    /// results says how to get some.
+    void SetResults(ResultState results);
+    /// To the clipboard, as wide as a page.
+    void CopyPicture();
     /// Whether Enter, Ctrl with a double click and the menu ask for the chart to be enlarged, or put back.
     void SetEnlargeable(bool enlargeable) { m_enlargeable = enlargeable; }
 
@@ -33,6 +41,7 @@ Q_SIGNALS:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
@@ -46,17 +55,30 @@ private:
     /// loaded.
     ChartPainter* Painter();
     void ZoomAt(const QPointF& at, double factor);
+    /// Zooms, drags or reads by a key. False: it is none of those.
+    bool Move(int key, bool withCtrl);
+    void ZoomMiddle(double factor);
     void DragBy(const QPointF& by);
     void ShowAll();
+    /// After anything that changes what is in view, or where.
+    void Seen();
+    void Describe();
+    bool IsStale() const;
+    QString Hint() const;
     void ShowValues(const QPointF& at, const QPoint& global);
-    void CopyPicture();
+    /// Tells the numbers of the next point in view, or with -1 of the one before it.
+    void ReadOn(int direction);
+    void ShowMenu(const QPoint& global);
     void Save(ChartFormat format, const QString& extension, const QString& filter);
 
     ChartData m_chart;
     DocumentContext m_context;
     std::unique_ptr<ChartPainter> m_painter;
-    QString m_failure; ///< why there is no painter
-    bool m_stale = true;
+    QString m_failure;     ///< why there is no painter
+    ChartNotice* m_notice; ///< that the chart is not whole
+    bool m_isNew = true;   ///< to the painter
+    ResultState m_results = ResultState::None;
     bool m_enlargeable = false;
     std::optional<QPointF> m_dragFrom;
+    qsizetype m_read = -1; ///< the stop that was told last; negative: none
 };

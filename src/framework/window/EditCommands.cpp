@@ -2,6 +2,7 @@
 
 #include "framework/document/Define.h"
 #include "framework/grid/GridCells.h"
+#include "framework/window/ChartView.h"
 #include "framework/window/GridView.h"
 
 #include <QClipboard>
@@ -52,6 +53,8 @@ void EditCopy(QWidget* activeControl)
 {
     if (const auto* grid = qobject_cast<const GridView*>(activeControl))
         QGuiApplication::clipboard()->setText(grid->SelectedText());
+    else if (auto* chart = qobject_cast<ChartView*>(activeControl))
+        chart->CopyPicture();
     else if (const auto text = SelText(activeControl))
         QGuiApplication::clipboard()->setText(*text);
 }

@@ -200,7 +200,7 @@ QWidget* WindowPages::LastInTabOrder() const
 {
     QWidget* last = nullptr;
     for (QWidget* next = nextInFocusChain(); next != this; next = next->nextInFocusChain()) {
-        if (isAncestorOf(next))
+        if (isAncestorOf(next) && (next->focusPolicy() & Qt::TabFocus) != 0)
             last = next;
     }
     return last;

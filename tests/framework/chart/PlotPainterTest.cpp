@@ -56,29 +56,37 @@ protected:
                             m_picture.Place({numbers[0], numbers[1]}));
         else if (verb == u"all")
             m_painter->ShowAll();
-        else if (verb == u"paint") // WIDTH HEIGHT DECIMAL-SEPARATOR
-            return Painted(QSize(qRound(numbers[0]), qRound(numbers[1])), rest.last(1));
+        else if (verb == u"paint" ||
+                 verb == u"screen") // WIDTH HEIGHT DECIMAL-SEPARATOR: as a file, on screen
+            return Painted(QSize(qRound(numbers[0]), qRound(numbers[1])), rest.last(1), verb == u"screen");
         else if (verb == u"at") // these numbers
             return {u'"' + ChartValueText(m_chart, {numbers[0], numbers[1]}, m_decSep) + u'"'};
         else
             return {u"NO SUCH STEP"_s};
         const QStringList before = m_picture.lines;
-        m_picture = ReadPicture(m_painter->Export(ChartFormat::Svg, m_size));
+        m_picture = ReadPicture(By(*m_painter));
         return Changes(before, m_picture.lines);
     }
 
 private:
-    QStringList Painted(const QSize& size, const QString& decSep)
+    QByteArray By(ChartPainter& painter) const
+    {
+        const auto paint = [&](QPaintDevice& device) { painter.Paint(device, m_size); };
+        return m_onScreen ? SvgOf(m_size, paint) : painter.Export(ChartFormat::Svg, m_size);
+    }
+
+    QStringList Painted(const QSize& size, const QString& decSep, bool onScreen)
     {
         m_size = size;
+        m_onScreen = onScreen;
         m_decSep = decSep;
         const auto fresh = NewPainter();
         fresh->SetChart(m_chart, decSep);
         m_painter->SetChart(m_chart, decSep);
-        const QByteArray svg = m_painter->Export(ChartFormat::Svg, m_size);
+        const QByteArray svg = By(*m_painter);
         m_picture = ReadPicture(svg);
         QStringList lines = m_picture.lines;
-        if (svg != fresh->Export(ChartFormat::Svg, size))
+        if (svg != By(*fresh))
             lines += u"OTHERWISE THAN BY A NEW PAINTER"_s;
         return lines + QStringList{u"described: "_s + ChartDescription(m_chart, decSep)};
     }
@@ -98,6 +106,7 @@ private:
 
     std::unique_ptr<ChartPainter> m_painter = UsedPainter(); ///< for all charts of the story
     QSize m_size;
+    bool m_onScreen = false;
     QString m_decSep;
     ChartPicture m_picture;
 };
@@ -139,6 +148,7 @@ private Q_SLOTS:
                  page.first(100).constData());
         const QImage picture = QImage::fromData(painter->Export(ChartFormat::Png, kChartPage), "PNG");
         QCOMPARE(picture.size(), kChartPage * 3);
+        QCOMPARE(qRound(1000.0 * picture.width() / picture.dotsPerMeterX()), 210); // mm, as the page
         QCOMPARE(picture.pixelColor(3, 3), QColor(Qt::white));
         QSet<QRgb> colors;
         for (int x = 0; x < picture.width(); ++x)

@@ -9,12 +9,15 @@
 #include "stories/ExpectedText.h"
 #include "validation/repeatability/PrecDocument.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QClipboard>
 #include <QContextMenuEvent>
 #include <QDir>
 #include <QImage>
+#include <QLabel>
 #include <QMenu>
+#include <QPushButton>
 #include <QTimer>
 #include <QToolTip>
 #include <QWheelEvent>
@@ -44,7 +47,21 @@ public:
 QByteArray PictureOf(QWidget& view)
 {
     return SvgOf(view.size(),
-                 [&view](QPaintDevice& device) { view.render(&device, {}, {}, QWidget::DrawChildren); });
+                 [&view](QPaintDevice& device) { view.render(&device, {}, {}, QWidget::RenderFlags()); });
+}
+
+/// What black is on screen.
+QString DarkestOf(QWidget& view)
+{
+    const QImage image = view.grab().toImage();
+    QColor darkest(Qt::white);
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            if (image.pixelColor(x, y).lightness() < darkest.lightness())
+                darkest = image.pixelColor(x, y);
+        }
+    }
+    return darkest.name();
 }
 
 struct PaintCount : QObject {
@@ -87,6 +104,14 @@ protected:
             Press(rest.split(u' '));
         else if (verb == u"enlargeable")
             m_view->SetEnlargeable(true);
+        else if (verb == u"results") // none|current|stale
+            m_view->SetResults(rest == u"none"      ? ResultState::None
+                               : rest == u"current" ? ResultState::Current
+                                                    : ResultState::Stale);
+        else if (verb == u"size") // WIDTH HEIGHT
+            m_view->resize(qRound(m_numbers[0]), qRound(m_numbers[1]));
+        else if (verb == u"click") // NAME
+            QTest::mouseClick(m_view->findChild<QPushButton*>(rest), Qt::LeftButton);
         else if (verb == u"leave")
             m_view->clearFocus();
         else if (verb == u"menu") // [CAPTION [FILE, - to cancel]]
@@ -115,8 +140,10 @@ private:
                              [this] { m_told += u"asks to be enlarged"_s; });
             m_view->resize(qRound(m_numbers[0]), qRound(m_numbers[1]));
             const QSize least = m_view->minimumSizeHint();
-            m_told += u"%1 \"%2\", at least %3 x %4, focus policy %5, mouse %6"_s
-                          .arg(m_view->objectName(), m_view->accessibleName())
+            const QAccessibleInterface* read = QAccessible::queryAccessibleInterface(m_view.get());
+            m_told += u"%1 %2 \"%3\", at least %4 x %5, focus policy %6, mouse %7"_s
+                          .arg(read->role() == QAccessible::Chart ? u"chart"_s : u"NO CHART"_s,
+                               m_view->objectName(), read->text(QAccessible::Name))
                           .arg(least.width())
                           .arg(least.height())
                           .arg(m_view->focusPolicy())
@@ -134,6 +161,13 @@ private:
         m_picture = ReadPicture(PictureOf(*m_view));
         QStringList seen = m_picture.lines;
         seen += u"described: "_s + m_view->accessibleDescription();
+        if (const QString darkest = DarkestOf(*m_view); darkest != u"#000000")
+            seen += u"darkest: "_s + darkest;
+        const auto* all = m_view->findChild<QPushButton*>(u"MostraTutto"_s);
+        const auto* says = all->parentWidget()->findChild<QLabel*>();
+        if (all->isVisible())
+            seen += u"notice: %1 [%2] from %3"_s.arg(says->isVisible() ? says->text() : u"-"_s, all->text())
+                        .arg(all->parentWidget()->x());
         if (m_view->cursor().shape() != Qt::ArrowCursor)
             seen += u"hand closed"_s;
         if (QToolTip::isVisible())
@@ -154,11 +188,14 @@ private:
 
     void Press(const QStringList& keys)
     {
+        QGuiApplication::clipboard()->clear();
         for (const QString& key : keys) {
-            QKeyEvent event(QEvent::KeyPress, QKeySequence(key)[0].key(), Qt::NoModifier);
+            const QKeyCombination with = QKeySequence(key)[0];
+            QKeyEvent event(QEvent::KeyPress, with.key(), with.keyboardModifiers());
             QApplication::sendEvent(m_view.get(), &event);
             m_told += event.isAccepted() ? QStringList() : QStringList{key + u" is left to others"_s};
         }
+        TellResults();
     }
 
     /// A tip goes a moment after it is told to.
@@ -202,7 +239,10 @@ private:
             auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
             for (QAction* action : menu != nullptr ? menu->actions() : QList<QAction*>()) {
                 if (caption.isEmpty())
-                    m_told += u"item: "_s + (action->isSeparator() ? u"-"_s : action->text()) +
+                    m_told += u"item: "_s +
+                              (action->isSeparator()
+                                   ? u"-"_s
+                                   : (action->text() + u' ' + action->shortcut().toString()).trimmed()) +
                               (action->isEnabled() ? QString() : u" grey"_s);
                 else if (action->text() == caption)
                     action->trigger();
@@ -218,9 +258,10 @@ private:
 
     void TellResults()
     {
-        const QSize copied = QGuiApplication::clipboard()->image().size();
-        if (!copied.isEmpty())
-            m_told += u"copied: %1 x %2"_s.arg(copied.width()).arg(copied.height());
+        if (const QImage copied = QGuiApplication::clipboard()->image(); !copied.isNull())
+            m_told += u"copied: %1 x %2, %3 mm wide"_s.arg(copied.width())
+                          .arg(copied.height())
+                          .arg(qRound(1000.0 * copied.width() / copied.dotsPerMeterX()));
         for (const QString& name : QDir(m_folder.path()).entryList(QDir::Files)) {
             const QByteArray bytes = BytesOf(m_folder.filePath(name));
             m_told += u"file %1: %2"_s.arg(name, QString::fromLatin1(bytes.first(5).trimmed()));
