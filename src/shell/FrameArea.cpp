@@ -14,7 +14,6 @@ FrameArea::FrameArea()
     setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     m_hint->setObjectName(u"Hint"_s);
     m_hint->setAlignment(Qt::AlignCenter);
-    m_hint->setAttribute(Qt::WA_TransparentForMouseEvents); // what is behind it takes clicks and drops
     ColourHint();
 }
 

@@ -70,7 +70,7 @@ private Q_SLOTS:
         QCOMPARE(QApplication::focusWidget(), last);
         QVERIFY(!last->visibleRegion().isEmpty());
         for (const QRect& part :
-             {QRect(350, 350, 100, 100), QRect(0, 350, 800, 450), QRect(0, 0, 500, 800)}) {
+             {QRect(350, 350, 100, 100), QRect(0, 350, 800, 400), QRect(0, 0, 500, 800)}) {
             dialog.resize(200, 100);
             dialog.move(350, 350);
             KeepClearOf(&dialog, part);
