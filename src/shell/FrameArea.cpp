@@ -14,21 +14,14 @@ FrameArea::FrameArea()
     setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     m_hint->setObjectName(u"Hint"_s);
     m_hint->setAlignment(Qt::AlignCenter);
-    ColourHint();
+    ColourGround();
 }
 
-/// Quiet, and yet at 4.5:1 on the area's own ground.
-void FrameArea::ColourHint()
+/// A little darker than a window, so that what stands there is read as in one.
+void FrameArea::ColourGround()
 {
-    constexpr QRgb kOnLight = 0xff2b2b2b;
-    constexpr QRgb kOnDark = 0xffdcdcdc;
-    constexpr int kMiddle = 110;
-    QPalette colours = m_hint->palette();
-    const QColor wanted(background().color().lightness() > kMiddle ? kOnLight : kOnDark);
-    if (colours.color(QPalette::WindowText) == wanted)
-        return;
-    colours.setColor(QPalette::WindowText, wanted);
-    m_hint->setPalette(colours);
+    constexpr int kDarker = 108;
+    setBackground(palette().color(QPalette::Window).darker(kDarker));
 }
 
 void FrameArea::resizeEvent(QResizeEvent* event)
@@ -41,5 +34,5 @@ void FrameArea::changeEvent(QEvent* event)
 {
     QMdiArea::changeEvent(event);
     if (event->type() == QEvent::PaletteChange)
-        ColourHint();
+        ColourGround();
 }

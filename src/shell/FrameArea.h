@@ -18,7 +18,7 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
-    void ColourHint();
+    void ColourGround();
 
     QLabel* m_hint;
 };
