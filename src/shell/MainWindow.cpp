@@ -373,6 +373,10 @@ void MainWindow::RunBackup(bool silent)
 
 void MainWindow::closeEvent(QCloseEvent* event)
 {
+    if (!MayLeaveFront()) {
+        event->ignore();
+        return;
+    }
     // All are asked before the first one goes: a refusal leaves every document as it was.
     const QList<TestWindow*> tests = Tests();
     for (TestWindow* test : tests) {

@@ -83,9 +83,9 @@ void NoticeBar::EndActions(NoticeCause cause)
 
 void NoticeBar::Act(int index)
 {
-    const Notice notice = m_notices.constLast();
-    End(notice.cause);
-    notice.actions[index].run();
+    // A copy: who runs ends the notice, or changes it.
+    const NoticeAction action = m_notices.constLast().actions[index];
+    action.run();
 }
 
 void NoticeBar::Refresh()

@@ -14,7 +14,7 @@ enum class NoticeCause { Reading, Size, Cell, Paste };
 
 struct NoticeAction {
     QString caption;
-    std::function<void()> run;
+    std::function<void()> run; ///< ends the notice, or shows another one in its place, once it is done
 };
 
 struct Notice {

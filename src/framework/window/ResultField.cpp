@@ -88,11 +88,6 @@ void ResultField::mouseMoveEvent(QMouseEvent* event)
 
 void ResultField::mouseReleaseEvent(QMouseEvent* /*event*/) {}
 
-void ResultField::mouseDoubleClickEvent(QMouseEvent* /*event*/)
-{
-    SelectAll();
-}
-
 void ResultField::keyPressEvent(QKeyEvent* event)
 {
     if (event->matches(QKeySequence::Copy))

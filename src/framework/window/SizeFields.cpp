@@ -161,7 +161,10 @@ bool SizeFields::Leave(QLineEdit* edit)
     const QString typed = edit->text();
     bool accepted = true; // where a failure ends it, too
     m_guard([&] { accepted = m_document.LeaveSize(QLatin1StringView(control)); });
-    Q_EMIT Refused(accepted ? QString() : RefusedText(m_document.SizeOf(control), typed));
+    if (!accepted)
+        m_refused = edit;
+    if (edit == m_refused) // a field that the focus only passes through ends no other one's notice
+        Q_EMIT Refused(accepted ? QString() : RefusedText(m_document.SizeOf(control), typed));
     return accepted;
 }
 

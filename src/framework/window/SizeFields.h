@@ -52,4 +52,5 @@ private:
     Guard m_guard;
     QList<QLineEdit*> m_fields;
     QPointer<QLineEdit> m_current; ///< has the focus, or will have it back from a menu or another program
+    const QLineEdit* m_refused = nullptr; ///< the last one whose number was refused
 };

@@ -96,16 +96,16 @@ void StatusPanels::BuildStatusPanels(const TestInfo& info)
         panel->setToolTip(FindTest(key)->title);
         panel->SetInset(false);
         panel->setEnabled(m_frame.HasTest(key));
-        connect(panel, &StatusPanel::Clicked, this, [this, panel, key] { RunPanel(panel, key); });
+        connect(panel, &StatusPanel::Clicked, this, [this, key] { RunPanel(key); });
         addWidget(panel);
         m_tests.append(panel);
     }
 }
 
-void StatusPanels::RunPanel(StatusPanel* panel, const QString& key)
+void StatusPanels::RunPanel(const QString& key)
 {
-    panel->SetInset(true);
-    m_frame.ShowTest(key); // opens a closed test, brings an open one forward
+    m_frame.ShowTest(key); // opens a closed test, brings an open one forward, unless this one can't be left
+    UpdateStatusPanels();
 }
 
 void StatusPanels::UpdateStatusPanels()

@@ -56,7 +56,7 @@ private:
     static void ShowState(StatusPanel* panel, const QString& text);
     StatusPanel* StatePanel(const QString& name, const QString& longest);
     void BuildStatusPanels(const TestInfo& info);
-    void RunPanel(StatusPanel* panel, const QString& key);
+    void RunPanel(const QString& key);
 
     Frame& m_frame;
     StatusPanel* m_descrBar;

@@ -90,7 +90,6 @@ TestWindow::TestWindow(std::unique_ptr<TestDocument> document, Frame& frame)
         else
             m_notices->Show({NoticeCause::Size, text});
     });
-    connect(m_pages.get(), &WindowPages::Edited, this, &TestWindow::ShowState);
     connect(m_commands, &WindowCommands::Ran, this, [this] {
         ShowState();
         LowerButtons(m_commands->Toolbar());

@@ -134,8 +134,8 @@ QGroupBox* WindowPages::GridFrame(const QString& name, const QString& title, std
     return box;
 }
 
-/// The one place where what the user does to a grid is connected: by keys, mouse, paste or undo, it all ends
-/// in Edited.
+/// The one place where what the user does to a grid is connected: by keys, mouse, paste or undo, it all comes
+/// here.
 GridView* WindowPages::MakeGridView(std::size_t index, const QString& caption)
 {
     DataGrid& grid = m_document.Grid(index);
@@ -153,7 +153,6 @@ GridView* WindowPages::MakeGridView(std::size_t index, const QString& caption)
             m_regions.GoTo(view);
             view->SelectBlock(change.block);
         }
-        Q_EMIT Edited();
     });
     connect(view, &GridView::TurnAsked, this, [this, view](bool forward) {
         const QModelIndex at = view->currentIndex();

@@ -67,10 +67,6 @@ public:
     /// As Regions::Turn.
     void TurnRegion(bool forward) { m_regions.Turn(forward); }
 
-Q_SIGNALS:
-    /// The user changed a grid.
-    void Edited();
-
 private:
     GridView* MakeGridView(std::size_t index, const QString& caption);
 

@@ -12,6 +12,7 @@
 #include <QThread>
 
 #include <csignal>
+#include <functional>
 
 #include <sys/wait.h>
 #include <unistd.h>
@@ -244,6 +245,48 @@ private Q_SLOTS:
             QCOMPARE(m_document->ControlText("nDatiTot"),
                      QString::number(m_document->Grid(2).Rows() * m_document->Grid(2).Cols()));
         QCOMPARE(m_document->Shape().sizes[1].MinimumCaption(), u"(min. 3)"_s);
+    }
+
+    /// Whatever could bring other results makes those that are seen former ones, until others take their
+    /// place.
+    void ResultsOfAFormerState()
+    {
+        m_document->TypeInputData(0, u"GC"_s);
+        QVERIFY(m_document->Results() == ResultState::None);
+        const std::vector<std::function<void()>> changes = {
+            [&] { m_document->TypeInputData(0, u"HPLC"_s); },
+            [&] { m_document->ChooseOption(3); },
+            [&] { m_document->ChooseDigits({.interi = 4, .decimali = 1}); },
+            [&] { m_document->TypeSize("Dimensioni1"_L1, u"6"_s); },
+            [&] { QVERIFY(m_document->Undo()); },
+            [&] { QVERIFY(m_document->Grid(1).Edits().TypeText(0, 0, u"5"_s)); },
+        };
+        for (const auto& change : changes) {
+            Fill(*m_document);
+            QVERIFY(m_document->Calc() == CalcEnd::Done);
+            change();
+            QVERIFY(m_document->Results() == ResultState::Stale);
+        }
+        m_document->Grid().Clear();
+        m_document->Grid().FillEmptyWithZero();
+        QVERIFY(m_document->Calc() == CalcEnd::SumIsZero && m_document->Results() == ResultState::Stale);
+    }
+
+    /// A size comes back with what all grids held, also after the document was saved; no more rows are
+    /// offered than its field takes.
+    void SizesAreTakenBack()
+    {
+        m_document->TypeSize("Dimensioni1"_L1, u"2"_s);
+        m_document->TypeSize("Dimensioni1"_L1, u"4"_s); // as it was
+        QVERIFY(m_document->LeaveSize("Dimensioni1"_L1) && !m_document->Undo());
+        m_document->Grid(2).SetValue(3, 1, 7);
+        m_document->TypeSize("Dimensioni1"_L1, u"2"_s);
+        QVERIFY(m_document->LeaveSize("Dimensioni1"_L1));
+        m_document->ClearFlags();
+        QVERIFY(m_document->Undo() && m_document->IsModify());
+        QCOMPARE_EQ(m_document->Grid(2).Value(3, 1), 7);
+        QVERIFY(m_document->CanHoldRows({.row = 1, .col = 1, .rows = 39, .cols = 1}));
+        QVERIFY(!m_document->CanHoldRows({.row = 1, .col = 1, .rows = 40, .cols = 1}));
     }
 
     void OptionsAndWhatFollowsThem()

@@ -221,6 +221,7 @@ private Q_SLOTS:
         QCOMPARE(takenBack(), 1);
         QVERIFY(type(u"9"_s, u"1"_s)); // no weight is left of what was taken back
         QCOMPARE(takenBack(), 2);
+        steps.Redo(); // goes with the weight of the group
         const QString before = grid.Text(0, 0);
         {
             const History::Group group(steps);
@@ -242,6 +243,7 @@ private Q_SLOTS:
         VERIFY_FAILS(grid.TextNumber(1, 0), FailureKind::TypeMismatch);
         grid.SetValue(0, 0, -2.5); // as a file may hold it
         QCOMPARE_EQ(grid.data(grid.index(0, 0), DataGrid::NumberRole).toDouble(), -2.5);
+        QVERIFY(grid.Edits().TypeText(0, 0, grid.Text(0, 0))); // left as it was
     }
 
     void TabTextOfSpreadsheets_data()
@@ -308,6 +310,9 @@ private Q_SLOTS:
         QCOMPARE(edited.size(), 1); // nothing changed
         QCOMPARE(Told(grid.Edits().PasteText(0, 0, u"A\t\n0.4\tx"_s)),
                  u"2 2 0 1, first 0 0 A, 2 x 2, headed, changed"_s);
+        QCOMPARE(Told(grid.Edits().PasteText(0, 0, u"A"_s)), u"0 1 0 0, first 0 0 A, 1 x 1"_s);
+        QCOMPARE(Told(grid.Edits().PasteText(0, 0, u"\n0.4"_s)), u"2 0 0 1, 2 x 1, changed"_s);
+        QCOMPARE(Told(grid.Edits().PasteText(1, 0, u"0.4"_s)), u"1 0 0 1, 1 x 1"_s); // as it stands
     }
 
     void ClearAndLocks()

@@ -126,6 +126,9 @@ private Q_SLOTS:
         QTest::keyClick(Grid(0), Qt::Key_Tab);
         QCOMPARE(At(), u"1: 0,0"_s);
         m_open->Go(0, 0, 0);
+        QTest::keyClick(Grid(0), Qt::Key_F6);
+        QVERIFY(Grid(1)->hasFocus());
+        m_open->Go(0, 0, 0);
         QTest::keyClick(Grid(0), Qt::Key_Backtab, Qt::ShiftModifier);
         QCOMPARE(At(), u"2: 3,1"_s);
         m_open->window->Document().Grid(1).SetSize(2, 3); // shorter than the others
