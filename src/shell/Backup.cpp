@@ -28,7 +28,8 @@ QFileInfoList FilesOf(const QString& folder)
     for (; !error && entry != fs::directory_iterator(); entry.increment(error)) {
         std::error_code unseen;
         const fs::file_status status = entry->status(unseen); // of what a link leads to
-        if (status.type() == fs::file_type::none)
+        const bool link = entry->is_symlink(unseen); // one that leads nowhere is told where it is copied
+        if (status.type() == fs::file_type::none && !link)
             throw SystemFailure(unseen.value());
         const QString name = QFile::decodeName(entry->path().filename().c_str());
         if (fs::is_regular_file(status) && !name.startsWith(u'.'))

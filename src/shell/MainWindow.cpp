@@ -383,6 +383,7 @@ void MainWindow::closeEvent(QCloseEvent* event)
         if (test->HasChanges()) // shows what the question is about
             ActivateWindow(qobject_cast<QMdiSubWindow*>(test->parentWidget()));
         if (!test->QueryUnload()) {
+            ActivateWindow(qobject_cast<QMdiSubWindow*>(test->parentWidget()));
             event->ignore();
             return;
         }

@@ -17,8 +17,10 @@ constexpr double kBetweenLines = 6;
 template<typename LineAt>
 void AddLines(QPainterPath& path, double from, double to, double step, LineAt lineAt)
 {
-    for (double number = std::ceil(from / step) * step; number < to; number += step) {
-        const QLineF line = lineAt(number);
+    const auto first = static_cast<qint64>(std::ceil(from / step));
+    const auto behind = static_cast<qint64>(std::ceil(to / step));
+    for (qint64 multiple = first; multiple < behind; ++multiple) {
+        const QLineF line = lineAt(static_cast<double>(multiple) * step);
         path.moveTo(line.p1());
         path.lineTo(line.p2());
     }

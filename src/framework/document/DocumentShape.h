@@ -88,7 +88,9 @@ struct DocumentShape {
     std::optional<Digits> olderDigits = {};
     std::vector<SizeField> sizes;
     std::vector<OptionField> options = {};
-    bool optionsShow = false; ///< they choose which results are seen, and none is calculated anew for them
+    /// They choose which results are seen, and none is calculated anew for them.
+    /// Deliberate: such an option leaves the results current, which they are.
+    bool optionsShow = false;
     /// Results, captions and notices, and sizes that are not typed, in the order of the window.
     std::vector<Field> fields;
     std::vector<TableShape> tables = {};

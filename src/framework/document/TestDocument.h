@@ -86,8 +86,8 @@ public:
     /// focus back.
     [[nodiscard]] bool LeaveSize(QLatin1StringView control);
 
-    /// Whether the grids would hold all rows of a block if its size fields had another number.
-    bool CanHoldRows(const GridBlock& block) const;
+    /// Whether a grid would hold all rows of a block if its size fields had another number.
+    bool CanHoldRows(const DataGrid& grid, const GridBlock& block) const;
     /// Gives the fields that number and pastes a text into the block, in one step.
     PasteCount PasteWhole(DataGrid& grid, const GridBlock& block, const QString& text);
 
@@ -271,7 +271,7 @@ private:
     void SetSizes(const SizeState& state);
     void BeginSizing();
     void ApplySizes();
-    void EndSizing();
+    bool EndSizing();
     bool DropUnapplied();
     bool Turn(bool (History::*turn)());
     std::vector<const SizeField*> RowFields(const GridBlock& block) const;

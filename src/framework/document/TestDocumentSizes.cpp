@@ -76,23 +76,25 @@ void TestDocument::BeginSizing()
         m_sizing = {.before = Sizes(), .applied = {}};
 }
 
-void TestDocument::EndSizing()
+/// Whether the grids or the fields are other ones than before.
+bool TestDocument::EndSizing()
 {
     if (!m_sizing)
-        return;
+        return false;
     const auto sizing = *std::exchange(m_sizing, std::nullopt);
     if (sizing.applied.isEmpty())
-        return;
+        return false;
     const auto before = std::make_shared<const SizeState>(sizing.before);
     const auto after = std::make_shared<const SizeState>(Sizes());
     if (*before == *after)
-        return;
+        return false;
     std::size_t weight = 0;
     for (const auto& state : {before, after}) {
         for (const GridCells& cells : state->grids)
             weight += cells.values.size();
     }
     m_history.Add({[this, before, after](bool forward) { SetSizes(forward ? *after : *before); }, weight});
+    return true;
 }
 
 /// A number that was typed and not applied gives way to the one that holds. Whether there was one.
@@ -133,9 +135,9 @@ bool TestDocument::LeaveSize(QLatin1StringView control)
                                                                            : QString::number(Grid().Rows()));
     if (field.resizes)
         ApplySizes();
-    EndSizing();
+    if (EndSizing())
+        NoteChange();
     m_isModify = m_isModify || field.modifies;
-    NoteChange();
     Q_EMIT Changed();
     return false;
 }
@@ -171,10 +173,10 @@ std::vector<const SizeField*> TestDocument::RowFields(const GridBlock& block) co
     return fields;
 }
 
-bool TestDocument::CanHoldRows(const GridBlock& block) const
+bool TestDocument::CanHoldRows(const DataGrid& grid, const GridBlock& block) const
 {
     const int rows = block.row + block.rows;
-    const int cols = Grid().Cols();
+    const int cols = grid.Cols();
     const auto fields = RowFields(block);
     const auto takes = [rows](const SizeField* field) { return Applies(*field, rows); };
     const auto lacks = [&](const SizeField* field) { return SizeNumber(field->control) < rows; };

@@ -106,8 +106,8 @@ void GridEdits::Do(Changes step)
     apply(true, false);
 }
 
-// Both give what a step changed its state of after (forward) or before. Cells and headers that the grid has
-// lost since are passed over.
+// Both give what a step changed its state of after (forward) or before. In a grid whose program took cells or
+// headers away since, these are passed over.
 
 std::optional<GridChange> GridEdits::Apply(const CellChanges& step, bool forward)
 {

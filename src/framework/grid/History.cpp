@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <numeric>
-#include <ranges>
 #include <utility>
 
 namespace
@@ -17,11 +16,11 @@ HistoryStep Together(std::vector<HistoryStep> steps)
         std::accumulate(steps.begin(), steps.end(), std::size_t{0},
                         [](std::size_t sum, const HistoryStep& step) { return sum + step.weight; });
     const auto apply = [steps = std::move(steps)](bool forward) {
+        const auto run = [forward](const HistoryStep& step) { step.apply(forward); };
         if (forward)
-            std::ranges::for_each(steps, [](const HistoryStep& step) { step.apply(true); });
+            std::for_each(steps.begin(), steps.end(), run);
         else
-            std::ranges::for_each(std::views::reverse(steps),
-                                  [](const HistoryStep& step) { step.apply(false); });
+            std::for_each(steps.rbegin(), steps.rend(), run);
     };
     return {apply, weight};
 }

@@ -42,6 +42,8 @@ QWidget* CellEditor::createEditor(QWidget* parent, const QStyleOptionViewItem& /
     field->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     field->setAutoFillBackground(true);
     m_field = field;
+    m_refused = false;
+    Q_EMIT m_view->RefusalPast();
     return field;
 }
 
@@ -56,7 +58,8 @@ void CellEditor::initStyleOption(QStyleOptionViewItem* option, const QModelIndex
 void CellEditor::setModelData(QWidget* editor, QAbstractItemModel* model, const QModelIndex& index) const
 {
     const QString text = qobject_cast<QLineEdit*>(editor)->text();
-    if (!model->setData(index, text))
+    m_refused = !model->setData(index, text);
+    if (m_refused)
         Q_EMIT m_view->Refused(text);
 }
 
@@ -103,6 +106,7 @@ bool CellEditor::Commit()
     QLineEdit* field = m_field;
     if (!Accepts(*field)) {
         QApplication::beep();
+        Q_EMIT m_view->MendingAsked();
         field->setFocus();
         field->selectAll();
         Q_EMIT m_view->Refused(field->text());
@@ -116,6 +120,7 @@ bool CellEditor::Commit()
 void CellEditor::destroyEditor(QWidget* editor, const QModelIndex& index) const
 {
     m_field.clear();
-    Q_EMIT m_view->EditorClosed();
+    if (!m_refused) // else the text is gone, and told of until another one is typed
+        Q_EMIT m_view->RefusalPast();
     QStyledItemDelegate::destroyEditor(editor, index);
 }

@@ -34,5 +34,6 @@ private:
     bool Accepts(const QLineEdit& field) const;
 
     GridView* m_view;
+    mutable bool m_refused = false;      ///< what was typed, by the cell that was left
     mutable QPointer<QLineEdit> m_field; ///< the open one; views ask for it from a const routine
 };

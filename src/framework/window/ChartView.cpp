@@ -7,6 +7,7 @@
 #include "framework/files/SafeFile.h"
 #include "framework/text/TextFunctions.h"
 #include "framework/window/ChartNotice.h"
+#include "framework/window/Furnishings.h"
 #include "stats/RuntimeFailure.h"
 
 #include <QAccessibleWidget>
@@ -39,7 +40,6 @@ constexpr int kVeil = 102;
 constexpr QRgb kQuietText = qRgb(89, 89, 89);
 
 const QString kNoChart = u"Inserire i dati e scegliere Calcola"_s;
-const QString kStale = u"Risultati non aggiornati"_s;
 
 /// Charts have a role of their own for screen readers, which don't read what is but painted.
 QAccessibleInterface* ChartInterface(const QString& /*className*/, QObject* object)
@@ -98,7 +98,7 @@ QString ChartView::Hint() const
 void ChartView::Describe()
 {
     const QString shown = m_chart.IsEmpty() ? Hint() : ChartDescription(m_chart, m_context.define.DecSep);
-    setAccessibleDescription(IsStale() ? kStale + u"; "_s + shown : shown);
+    setAccessibleDescription(IsStale() ? kStaleResults + u"; "_s + shown : shown);
 }
 
 ChartPainter* ChartView::Painter()
@@ -233,7 +233,7 @@ void ChartView::ShowValues(const QPointF& at, const QPoint& global)
     const auto values = chart == nullptr ? std::nullopt : chart->ValuesAt(at);
     QString text = values ? ChartValueText(m_chart, *values, m_context.define.DecSep) : QString();
     if (IsStale())
-        text = text.isEmpty() ? kStale : kStale + u'\n' + text;
+        text = text.isEmpty() ? kStaleResults : kStaleResults + u'\n' + text;
     if (text.isEmpty())
         QToolTip::hideText();
     else

@@ -88,6 +88,14 @@ QString TitleOf(QString text)
     return text.replace("[*]"_L1, "[*][*]"_L1);
 }
 
+QLabel* FixedLabel(const QString& name, const QString& text)
+{
+    auto* label = new QLabel(text);
+    label->setObjectName(name);
+    label->setTextFormat(Qt::PlainText);
+    return label;
+}
+
 QPushButton* NewButton(const QString& name, const QString& caption)
 {
     auto* button = new QPushButton(caption);

@@ -3,6 +3,7 @@
 
 #include <QDialog>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QLayout>
 #include <QPushButton>
 #include <QRect>
@@ -23,6 +24,9 @@ void KeepClearOf(QWidget* dialog, const QRect& part);
 
 /// The window title that shows this text, also where "[*]" stands in it.
 QString TitleOf(QString text);
+
+/// A label with this objectName, whose text is no markup.
+QLabel* FixedLabel(const QString& name, const QString& text);
 
 /// A dialog's button with this objectName.
 QPushButton* NewButton(const QString& name, const QString& caption);

@@ -5,6 +5,9 @@
 #include <QPainter>
 #include <QWidget>
 
+/// What is said of results that are not those of what stands in the document.
+inline const QString kStaleResults = QStringLiteral("Risultati non aggiornati");
+
 /// The background of the tab pages, and the colour from which the bands begin.
 inline constexpr QRgb kPageColor = qRgb(0xF4, 0xEE, 0xB1);
 

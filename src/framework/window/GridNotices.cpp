@@ -23,7 +23,7 @@ QString Quoted(const QString& text)
     return u"\"%1\""_s.arg(line.size() <= kLongestText ? line : line.first(kLongestText) + u'…');
 }
 
-QString PasteText(const PasteCount& count)
+QString PasteNotice(const PasteCount& count)
 {
     QString text = u"Celle incollate: %1"_s.arg(count.taken);
     if (count.firstRefused)
@@ -55,7 +55,7 @@ void GridNotices::Watch(GridView* view)
         m_bar.Show({NoticeCause::Cell, u"%1 non è un numero da 0 a %2"_s.arg(
                                            Quoted(text), view->Grid().Format().LargestText())});
     });
-    connect(view, &GridView::EditorClosed, this, [this] { m_bar.End(NoticeCause::Cell); });
+    connect(view, &GridView::RefusalPast, this, [this] { m_bar.End(NoticeCause::Cell); });
     connect(view, &GridView::Pasted, this,
             [this, view](const PasteCount& count, const QString& text) { TellPaste(view, count, text); });
 }
@@ -67,8 +67,8 @@ void GridNotices::TellPaste(GridView* view, const PasteCount& count, const QStri
         m_bar.End(NoticeCause::Paste);
         return;
     }
-    Notice notice{NoticeCause::Paste, PasteText(count)};
-    if (m_document.CanHoldRows(count.block))
+    Notice notice{NoticeCause::Paste, PasteNotice(count)};
+    if (m_document.CanHoldRows(view->Grid(), count.block))
         notice.actions.append(
             {u"Porta a %1 determinazioni e incolla tutto"_s.arg(count.block.row + count.block.rows),
              [this, view, count, text] { PasteAgain(view, count, text, true); }});

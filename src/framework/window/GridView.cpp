@@ -204,8 +204,9 @@ void GridView::keyPressEvent(QKeyEvent* event)
 
 void GridView::mousePressEvent(QMouseEvent* event)
 {
-    // The right button shows the menu and leaves caret and selection alone.
-    if (event->button() != Qt::RightButton)
+    // The right button shows the menu and leaves caret and selection alone; a text that its cell refuses
+    // stays to be mended.
+    if (event->button() != Qt::RightButton && CommitEditor())
         QTableView::mousePressEvent(event);
 }
 

@@ -53,8 +53,10 @@ Q_SIGNALS:
     /// A typed text was refused; the cell is as it was.
     void Refused(const QString& text);
     void Pasted(const PasteCount& count, const QString& text);
-    /// What was being typed was taken or given up.
-    void EditorClosed();
+    /// What was refused was mended or given up, or another text is typed.
+    void RefusalPast();
+    /// A refused text is about to get the focus, so that it is mended.
+    void MendingAsked();
     /// The user wants the last step back, or done again.
     void TurnAsked(bool forward);
     /// A block was dropped on another place.

@@ -64,7 +64,7 @@ void MessageBoxes::Beep()
 Answer MessageBoxes::Ask(MessageIcon icon, const QString& title, const QString& text)
 {
     QMessageBox box(BoxIcon(icon), title, {}, QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel,
-                    m_parent);
+                    DialogParent(m_parent));
     Prepare(box, text);
     box.setDefaultButton(QMessageBox::Yes);
     switch (box.exec()) {

@@ -71,10 +71,14 @@ void Regions::Turn(bool forward)
         GoTo((next == stops.end() ? stops.front() : *next).widget);
 }
 
+void Regions::Show(const QWidget* widget)
+{
+    m_pages.setCurrentIndex(PageOf(widget));
+}
+
 void Regions::GoTo(QWidget* target)
 {
-    if (m_pages.currentWidget() == nullptr || !m_pages.currentWidget()->isAncestorOf(target))
-        m_pages.setCurrentIndex(PageOf(target));
+    Show(target);
     if (!target->isAncestorOf(QApplication::focusWidget()))
         FirstInside(target)->setFocus(Qt::TabFocusReason);
 }

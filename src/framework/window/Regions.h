@@ -19,7 +19,9 @@ public:
     /// Gives the focus to the next region, or to the one before, and turns to its page. Behind the last one
     /// comes the first. Each grid is one of its own.
     void Turn(bool forward);
-    /// Gives it to this widget.
+    /// Turns to the page of this widget.
+    void Show(const QWidget* widget);
+    /// Shows it, and gives it the focus.
     void GoTo(QWidget* target);
 
 private:

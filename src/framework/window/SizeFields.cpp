@@ -37,14 +37,6 @@ void SelectLater(QLineEdit* edit)
     QMetaObject::invokeMethod(edit, select, Qt::QueuedConnection);
 }
 
-QLabel* Label(const QString& name, const QString& text)
-{
-    auto* label = new QLabel(text);
-    label->setObjectName(name);
-    label->setTextFormat(Qt::PlainText);
-    return label;
-}
-
 } // namespace
 
 SizeFields::SizeFields(TestDocument& document, Guard guard, QObject* parent)
@@ -71,7 +63,7 @@ void SizeFields::Add(QGridLayout* layout, int at, const SizeRow& row)
 {
     const SizeField& field = m_document.SizeOf(row.control);
     QLineEdit* edit = Make(field.control);
-    QLabel* caption = Label(row.labelName, field.caption);
+    QLabel* caption = FixedLabel(row.labelName, field.caption);
     if (field.caption.size() > kLongCaption) {
         caption->setWordWrap(true);
         caption->setMinimumWidth(caption->fontMetrics().averageCharWidth() * kLongCaption);
@@ -79,7 +71,7 @@ void SizeFields::Add(QGridLayout* layout, int at, const SizeRow& row)
     caption->setBuddy(edit);
     layout->addWidget(caption, at, 0);
     layout->addWidget(edit, at, 1);
-    layout->addWidget(Label(row.minimumName, field.MinimumCaption()), at, 2);
+    layout->addWidget(FixedLabel(row.minimumName, field.MinimumCaption()), at, 2);
     layout->setColumnStretch(0, 1);
 }
 

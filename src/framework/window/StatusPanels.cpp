@@ -1,6 +1,5 @@
 #include "framework/window/StatusPanels.h"
 
-#include "framework/window/Furnishings.h"
 #include "framework/window/TestMenus.h"
 
 #include <QMouseEvent>

@@ -4,13 +4,13 @@
 
 #include "framework/document/TestRegistry.h"
 #include "framework/window/Frame.h"
+#include "framework/window/Furnishings.h"
 
 #include <QLabel>
 #include <QList>
 #include <QStatusBar>
 
 inline const QString kModified = QStringLiteral("Modificato");
-inline const QString kStaleResults = QStringLiteral("Risultati non aggiornati");
 
 /// A text with a bevel. A raised one stands for a test that is not open.
 class StatusPanel : public QLabel

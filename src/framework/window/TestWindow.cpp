@@ -1,6 +1,7 @@
 #include "framework/window/TestWindow.h"
 
 #include "framework/document/DocumentLife.h"
+#include "framework/window/ChartNotice.h"
 #include "framework/window/Forms.h"
 #include "framework/window/Furnishings.h"
 #include "framework/window/GridView.h"
@@ -26,7 +27,10 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
+
 constexpr int kPanelCharacters = 160;
+/// Room on the pages for longer numbers than those of a new document.
+constexpr int kMoreCharacters = 12;
 
 /// A menu that closes over a button leaves it raised, and the mouse then goes away from it unnoticed.
 void LowerButtons(const QToolBar* toolbar)
@@ -38,8 +42,7 @@ void LowerButtons(const QToolBar* toolbar)
         QCoreApplication::sendEvent(button, &leave);
     }
 }
-/// Room on the pages for longer numbers than those of a new document.
-constexpr int kMoreCharacters = 12;
+
 } // namespace
 
 TestWindow::TestWindow(std::unique_ptr<TestDocument> document, Frame& frame)
@@ -185,6 +188,11 @@ void TestWindow::GiveFocusBack()
     if (!IsInFront(*this) || QApplication::activePopupWidget() != nullptr ||
         (focus != nullptr && isAncestorOf(focus)))
         return;
+    FocusLast();
+}
+
+void TestWindow::FocusLast()
+{
     for (const auto& last : {m_lastFocus, m_lastView}) {
         if (last != nullptr && last->isVisible()) {
             last->setFocus();
@@ -195,15 +203,18 @@ void TestWindow::GiveFocusBack()
 
 void TestWindow::CaptionToToolTip()
 {
-    for (QLabel* label : findChildren<QLabel*>()) {
-        if (qobject_cast<StatusPanel*>(label) == nullptr && qobject_cast<ResultField*>(label) == nullptr)
+    const auto isOnChart = [](const QWidget* widget) {
+        return qobject_cast<const ChartNotice*>(widget->parentWidget()) != nullptr;
+    };
+    for (QLabel* label : m_pages->findChildren<QLabel*>()) {
+        if (qobject_cast<ResultField*>(label) == nullptr && !isOnChart(label))
             label->setToolTip(label->text());
     }
-    for (QAbstractButton* button : findChildren<QAbstractButton*>()) {
-        if (!button->text().isEmpty() && button->parentWidget() != m_commands->Toolbar())
+    for (QAbstractButton* button : m_pages->findChildren<QAbstractButton*>()) {
+        if (!button->text().isEmpty() && !isOnChart(button))
             button->setToolTip(button->text());
     }
-    for (QGroupBox* box : findChildren<QGroupBox*>())
+    for (QGroupBox* box : m_pages->findChildren<QGroupBox*>())
         box->setToolTip(box->title());
 }
 
@@ -211,12 +222,7 @@ void TestWindow::Activated()
 {
     SetFileDialog(m_document->Context(), m_document->Info());
     m_panels->UpdateStatusPanels();
-    for (const auto& last : {m_lastFocus, m_lastView}) {
-        if (last != nullptr && last->isVisible()) {
-            last->setFocus();
-            return;
-        }
-    }
+    FocusLast();
 }
 
 void TestWindow::closeEvent(QCloseEvent* event)

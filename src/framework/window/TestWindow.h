@@ -72,6 +72,7 @@ private:
     void ShowReading();
     void NoteFocus(QWidget* now);
     void GiveFocusBack();
+    void FocusLast();
 
     std::unique_ptr<TestDocument> m_document;
     WindowCommands* m_commands;

@@ -211,14 +211,6 @@ QTableView* WindowFields::TableView(QLatin1StringView control)
     return view;
 }
 
-QLabel* WindowFields::FixedLabel(const QString& name, const QString& text)
-{
-    auto* label = new QLabel(text);
-    label->setObjectName(name);
-    label->setTextFormat(Qt::PlainText);
-    return label;
-}
-
 QGroupBox* WindowFields::FrameBox(const QString& name, const QString& title)
 {
     auto* box = new QGroupBox(title);
@@ -246,6 +238,8 @@ void WindowFields::Refresh()
     }
     for (auto box = m_boxes.keyValueBegin(); box != m_boxes.keyValueEnd(); ++box) {
         box->first->setTitle(m_document.ControlText(box->second));
+        if (!box->first->toolTip().isEmpty())
+            box->first->setToolTip(box->first->title());
         box->first->setVisible(m_document.ControlVisible(box->second));
     }
     ShowOption();
@@ -271,7 +265,7 @@ void WindowFields::ShowResults()
 void WindowFields::ShowState()
 {
     const ResultState state = m_document.Results();
-    const QString stale = state == ResultState::Stale ? u"Risultati non aggiornati"_s : QString();
+    const QString stale = state == ResultState::Stale ? kStaleResults : QString();
     const auto show = [&](QWidget* widget, const QString& current) {
         Dim(widget, state != ResultState::Current);
         widget->setToolTip(state == ResultState::Current ? current : stale);

@@ -65,7 +65,6 @@ public:
     QLabel* FieldLabel(QAnyStringView control);
     /// A table of the document, as high as its rows.
     QTableView* TableView(QLatin1StringView control);
-    static QLabel* FixedLabel(const QString& name, const QString& text);
     static QGroupBox* FrameBox(const QString& name, const QString& title);
     /// A frame whose title is a text, or the name of a field whose text and visibility the frame follows.
     QGroupBox* TitledBox(const QString& name, const QString& title);

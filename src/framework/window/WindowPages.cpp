@@ -154,6 +154,7 @@ GridView* WindowPages::MakeGridView(std::size_t index, const QString& caption)
             view->SelectBlock(change.block);
         }
     });
+    connect(view, &GridView::MendingAsked, this, [this, view] { m_regions.Show(view); });
     connect(view, &GridView::TurnAsked, this, [this, view](bool forward) {
         const QModelIndex at = view->currentIndex();
         m_commands.Run([&] { forward ? m_document.Redo() : m_document.Undo(); });

@@ -1,5 +1,6 @@
 #include "validation/specificity/SpecWindow.h"
 
+#include "framework/window/Forms.h"
 #include "validation/specificity/SpecDocument.h"
 
 #include <QFontInfo>
@@ -36,7 +37,8 @@ SpecWindow::SpecWindow(std::unique_ptr<TestDocument> document, Frame& frame)
 void SpecWindow::Activated()
 {
     TestWindow::Activated();
-    // On a page that is not in front the field would hold the focus unseen, and keep it from what is seen.
+    // Deliberate: where it is seen alone. On a page that is not in front the field would hold the focus
+    // unseen, and keep it from what is seen.
     auto* field = findChild<QLineEdit*>(SpecDocument::kGruppoA);
     if (field->isVisible())
         field->setFocus();
@@ -45,11 +47,11 @@ void SpecWindow::Activated()
 QGroupBox* SpecWindow::GroupFrame(const GroupText& group)
 {
     QGroupBox* box = Pages().SizeFrame(group.frame, group.title, {group.size});
-    QLabel* word = WindowFields::FixedLabel(group.wordName, group.word);
+    QLabel* word = FixedLabel(group.wordName, group.word);
     QFont bold = word->font();
     bold.setBold(true);
     word->setFont(bold);
-    QLabel* sentence = WindowFields::FixedLabel(
+    QLabel* sentence = FixedLabel(
         group.sentenceName,
         u"Risultati ottenuti nella determinazione dell'analita in %1 di altre sostanze (prodotti di degradazione, "
         "impurezze di sintesi, eccipienti, ...)"_s.arg(group.word));

@@ -267,6 +267,10 @@ private Q_SLOTS:
             change();
             QVERIFY(m_document->Results() == ResultState::Stale);
         }
+        QVERIFY(m_document->Calc() == CalcEnd::Done);
+        m_document->TypeSize("Dimensioni1"_L1, u"1"_s); // refused, and what takes its place is what stood there
+        QVERIFY(!m_document->LeaveSize("Dimensioni1"_L1) && m_document->Results() == ResultState::Current);
+        QVERIFY(m_document->Grid(1).Edits().TypeText(0, 0, u"6"_s));
         m_document->Grid().Clear();
         m_document->Grid().FillEmptyWithZero();
         QVERIFY(m_document->Calc() == CalcEnd::SumIsZero && m_document->Results() == ResultState::Stale);
@@ -285,8 +289,8 @@ private Q_SLOTS:
         m_document->ClearFlags();
         QVERIFY(m_document->Undo() && m_document->IsModify());
         QCOMPARE_EQ(m_document->Grid(2).Value(3, 1), 7);
-        QVERIFY(m_document->CanHoldRows({.row = 1, .col = 1, .rows = 39, .cols = 1}));
-        QVERIFY(!m_document->CanHoldRows({.row = 1, .col = 1, .rows = 40, .cols = 1}));
+        QVERIFY(m_document->CanHoldRows(m_document->Grid(), {.row = 1, .col = 1, .rows = 39, .cols = 1}));
+        QVERIFY(!m_document->CanHoldRows(m_document->Grid(), {.row = 1, .col = 1, .rows = 40, .cols = 1}));
     }
 
     void OptionsAndWhatFollowsThem()
