@@ -69,7 +69,7 @@ public:
             return;
         }
         m_meant = meant;
-        QDialog::accept();
+        done(Accepted); // the base class would look for the name as it was typed
     }
 
     QString Chosen() const { return m_meant.isEmpty() ? selectedFiles().constFirst() : m_meant; }
