@@ -268,7 +268,8 @@ private Q_SLOTS:
             QVERIFY(m_document->Results() == ResultState::Stale);
         }
         QVERIFY(m_document->Calc() == CalcEnd::Done);
-        m_document->TypeSize("Dimensioni1"_L1, u"1"_s); // refused, and what takes its place is what stood there
+        m_document->TypeSize("Dimensioni1"_L1,
+                             u"1"_s); // refused, and what takes its place is what stood there
         QVERIFY(!m_document->LeaveSize("Dimensioni1"_L1) && m_document->Results() == ResultState::Current);
         QVERIFY(m_document->Grid(1).Edits().TypeText(0, 0, u"6"_s));
         m_document->Grid().Clear();
