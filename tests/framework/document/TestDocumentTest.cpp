@@ -290,6 +290,11 @@ private Q_SLOTS:
         m_document->ClearFlags();
         QVERIFY(m_document->Undo() && m_document->IsModify());
         QCOMPARE_EQ(m_document->Grid(2).Value(3, 1), 7);
+        QVERIFY(m_document->Redo());
+        m_document->TypeSize("Dimensioni1"_L1, u"1"_s);
+        QVERIFY(!m_document->LeaveSize("Dimensioni1"_L1));
+        QVERIFY(m_document->Grid().Edits().TypeText(0, 0, u"5"_s) && m_document->Undo());
+        QCOMPARE(m_document->Grid().Rows(), 4); // the refused size is a step before that
         QVERIFY(m_document->CanHoldRows(m_document->Grid(), {.row = 1, .col = 1, .rows = 39, .cols = 1}));
         QVERIFY(!m_document->CanHoldRows(m_document->Grid(), {.row = 1, .col = 1, .rows = 40, .cols = 1}));
     }
