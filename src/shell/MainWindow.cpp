@@ -58,6 +58,13 @@ const QList<Menu>& MenuTable()
     return kMenus;
 }
 
+/// Whether a window that changes its state becomes maximized or minimized, or is that no more.
+bool LooksOtherwise(const QMdiSubWindow& window, const QEvent& event)
+{
+    const Qt::WindowStates before = static_cast<const QWindowStateChangeEvent&>(event).oldState();
+    return ((before ^ window.windowState()) & (Qt::WindowMaximized | Qt::WindowMinimized)) != 0;
+}
+
 } // namespace
 
 MainWindow::MainWindow(const DocumentContext& context)
@@ -251,11 +258,17 @@ void MainWindow::ShowTest(QStringView key)
         ActivateWindow(qobject_cast<QMdiSubWindow*>(open->parentWidget()));
         return;
     }
+    const QMdiSubWindow* front = m_area->currentSubWindow();
+    const bool maximized = front != nullptr && front->isMaximized();
     QMdiSubWindow* window = m_area->addSubWindow(CreateTestWindow(key, m_context, *this).release());
     // A click on what takes no focus, a button, a panel, a label, leaves it where it is.
     window->setFocusPolicy(Qt::NoFocus);
     window->resize(window->sizeHint().boundedTo(m_area->viewport()->size()));
-    window->show();
+    window->installEventFilter(this);
+    if (maximized)
+        window->showMaximized();
+    else
+        window->show();
     const TestDocument& document = OpenTest(key)->Document();
     connect(&document, &TestDocument::Filed, this, [](const QString& fileName) { NoteDocument(fileName); });
 }
@@ -306,6 +319,16 @@ void MainWindow::AskForDocument()
         fileName = dialog.FileName;
     }
     OpenFile(fileName);
+}
+
+bool MainWindow::eventFilter(QObject* object, QEvent* event)
+{
+    const auto* window = qobject_cast<QMdiSubWindow*>(object);
+    if (window != nullptr && event->type() == QEvent::WindowStateChange && LooksOtherwise(*window, *event)) {
+        if (auto* test = qobject_cast<TestWindow*>(window->widget()))
+            test->KeepFocus();
+    }
+    return QMainWindow::eventFilter(object, event);
 }
 
 void MainWindow::contextMenuEvent(QContextMenuEvent* event)

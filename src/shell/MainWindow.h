@@ -35,6 +35,7 @@ public:
     TestWindow* OpenTest(QStringView key) const;
 
 protected:
+    bool eventFilter(QObject* object, QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;

@@ -298,9 +298,11 @@ void Story::Run(const Step& step)
         FileDialogStep(word(0));
     } else if (verb == u"close") {
         Window()->close();
-    } else if (verb == u"minimize" || verb == u"shift") {
+    } else if (verb == u"minimize" || verb == u"maximize" || verb == u"shift") {
         QMdiSubWindow* child = m_program->Window().findChild<QMdiArea*>()->currentSubWindow();
-        if (verb == u"minimize")
+        if (verb == u"maximize")
+            child->showMaximized();
+        else if (verb == u"minimize")
             child->showMinimized();
         else
             child->move(child->pos() + QPoint(word(0).toInt(), word(1).toInt()));

@@ -525,6 +525,8 @@ void PictureMaker::Show(const QWidget* widget)
             line += u" active"_s;
         if (widget->isMinimized())
             line += u" minimized"_s;
+        if (widget->isMaximized())
+            line += u" maximized"_s;
         if (child != nullptr)
             line += Place(child);
         Line(child != nullptr                                  ? u"child"_s

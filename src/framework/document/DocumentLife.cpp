@@ -4,6 +4,7 @@
 #include "framework/document/Define.h"
 #include "framework/document/DocumentContext.h"
 #include "framework/document/TestRegistry.h"
+#include "framework/text/TextFunctions.h"
 
 #include <utility>
 
@@ -109,6 +110,8 @@ LoadOutcome LoadDocument(TestDocument& document, const QString& fileName)
         document.ReadFromFile(fileName);
     } catch (const RuntimeFailure& failure) {
         outcome.reading = failure;
+        if (document.HowRead() == FileRead::NotAtAll)
+            document.NoteUnread(FailureText(failure));
     }
     try {
         outcome.end = document.Calc();

@@ -72,12 +72,16 @@ QString TestDocument::InputCaption(int index)
     return InputCaptions(Language::Italian)[static_cast<std::size_t>(index)];
 }
 
+QString TestDocument::InputLine(QString text)
+{
+    for (const QLatin1StringView other : {"\r\n"_L1, "\n"_L1, "\r"_L1, "\t"_L1})
+        text.replace(other, " "_L1);
+    return text;
+}
+
 void TestDocument::TypeInputData(int index, const QString& text)
 {
-    QString line = text;
-    for (const QLatin1StringView end : {"\r\n"_L1, "\n"_L1, "\r"_L1})
-        line.replace(end, " "_L1);
-    m_inputData[static_cast<std::size_t>(index)] = line;
+    m_inputData[static_cast<std::size_t>(index)] = InputLine(text);
     m_isModify = true;
     NoteChange();
     ShowInputs();

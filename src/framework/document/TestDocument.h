@@ -75,8 +75,10 @@ public:
     {
         return std::span(m_inputData).first(static_cast<std::size_t>(m_shape.inputs));
     }
-    /// What the user typed. Line ends become blanks: a header field is one line of the file.
+    /// What the user typed, as InputLine has it.
     void TypeInputData(int index, const QString& text);
+    /// A header field is one line of the file: line ends and tabs become blanks.
+    static QString InputLine(QString text);
 
     const SizeField& SizeOf(QAnyStringView control) const;
     /// What the user typed into a size field: applied when the number in it lies within its limits. All that
@@ -171,6 +173,8 @@ public:
     /// count: what was read by then stays.
     void ReadFromFile(const QString& fileName);
     FileRead HowRead() const { return m_howRead; }
+    /// Why nothing was read, for ReadNotice.
+    void NoteUnread(const QString& why) { m_readStop.expected = why; }
     /// The line, from 1, at which a reading in part stopped; else 0.
     int ReadStop() const { return m_readStop.line; }
     /// What the user is told of a file that was not read whole: where the reading stopped, what stood there,

@@ -74,7 +74,7 @@ QString TestDocument::ReadNotice() const
     if (m_howRead == FileRead::Whole)
         return {};
     if (m_howRead == FileRead::NotAtAll)
-        return u"Il file non è stato letto"_s;
+        return u"Il file non è stato letto: %1"_s.arg(m_readStop.expected);
     const QString found = m_readStop.found ? u"vi sta \"%1\""_s.arg(m_readStop.found->left(kLongestFound))
                                            : u"il file finisce"_s;
     return u"Letto in parte, fino alla riga %1: %2 dove è attesa %3"_s.arg(

@@ -24,6 +24,8 @@ public:
     /// Takes a step back, or does it again. False when there is none.
     bool Undo();
     bool Redo();
+    /// So many steps hold.
+    std::size_t Done() const { return m_done; }
     /// Another number after each step that was added, taken back or done again.
     int State() const { return m_state; }
 

@@ -63,20 +63,28 @@ void GridNotices::Watch(GridView* view)
 void GridNotices::TellPaste(GridView* view, const PasteCount& count, const QString& text)
 {
     m_pasteState = m_document.Steps().State();
+    m_pasteDone = m_document.Steps().Done();
     if (count.Plain()) {
         m_bar.End(NoticeCause::Paste);
         return;
     }
-    Notice notice{NoticeCause::Paste, PasteNotice(count)};
-    if (m_document.CanHoldRows(view->Grid(), count.block))
-        notice.actions.append(
-            {u"Porta a %1 determinazioni e incolla tutto"_s.arg(count.block.row + count.block.rows),
-             [this, view, count, text] { PasteAgain(view, count, text, true); }});
+    m_bar.Show({NoticeCause::Paste, PasteNotice(count), Offers(view, count, text)});
+}
+
+/// A row of titles is left out of both: none of it would ever be taken.
+QList<NoticeAction> GridNotices::Offers(GridView* view, PasteCount count, const QString& text)
+{
+    const QString values = count.headed ? WithoutFirstRow(text) : text;
     if (count.headed)
-        notice.actions.append({u"Incolla senza la prima riga"_s, [this, view, count, text] {
-                                   PasteAgain(view, count, WithoutFirstRow(text), false);
-                               }});
-    m_bar.Show(notice);
+        --count.block.rows;
+    QList<NoticeAction> offers;
+    if (m_document.CanHoldRows(view->Grid(), count.block))
+        offers.append({u"Porta a %1 determinazioni e incolla tutto"_s.arg(count.block.row + count.block.rows),
+                       [this, view, count, values] { PasteAgain(view, count, values, true); }});
+    if (count.headed)
+        offers.append({u"Incolla senza la prima riga"_s,
+                       [this, view, count, values] { PasteAgain(view, count, values, false); }});
+    return offers;
 }
 
 /// In the place of the paste that was told of; whole: with as many rows as the text has.
@@ -95,6 +103,9 @@ void GridNotices::PasteAgain(GridView* view, const PasteCount& count, const QStr
 
 void GridNotices::StepMade()
 {
-    if (m_document.Steps().State() != m_pasteState)
+    const History& steps = m_document.Steps();
+    if (steps.Done() < m_pasteDone)
+        m_bar.End(NoticeCause::Paste);
+    else if (steps.State() != m_pasteState)
         m_bar.EndActions(NoticeCause::Paste);
 }

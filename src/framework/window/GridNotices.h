@@ -20,15 +20,19 @@ public:
     GridNotices(TestDocument& document, Guard guard, NoticeBar& bar, QObject* parent);
 
     void Watch(GridView* view);
-    /// A step of the history other than the paste that is told of: it can't be done in another way any more.
+    /// A step of the history: the paste that is told of can't be done in another way any more, or was taken
+    /// back.
     void StepMade();
 
 private:
     void TellPaste(GridView* view, const PasteCount& count, const QString& text);
     void PasteAgain(GridView* view, const PasteCount& count, const QString& text, bool whole);
+    QList<NoticeAction> Offers(GridView* view, PasteCount count, const QString& text);
 
     TestDocument& m_document;
     Guard m_guard;
     NoticeBar& m_bar;
-    int m_pasteState = -1; ///< of the history, with the paste that is told of
+    // Of the history, with the paste that is told of.
+    int m_pasteState = -1;
+    std::size_t m_pasteDone = 0;
 };

@@ -1,6 +1,7 @@
 // A slim line that tells what the user has to know and may act on, until it is closed, acted on, or past.
 #pragma once
 
+#include <QBoxLayout>
 #include <QFrame>
 #include <QLabel>
 #include <QList>
@@ -39,11 +40,21 @@ public:
     /// What the notice offers can't be done any more; its text stays.
     void EndActions(NoticeCause cause);
 
+Q_SIGNALS:
+    /// A notice that has the focus is going.
+    void Left();
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
 private:
     void Act(int index);
     void Refresh();
+    void Arrange();
 
     QList<Notice> m_notices; ///< the last one is shown
     QLabel* m_text;
+    QBoxLayout* m_actions;
     QList<QToolButton*> m_buttons; ///< the actions, and the cross
 };

@@ -6,12 +6,12 @@
 #include <vector>
 
 /// In the order of the keys' way.
-enum class Region { Header, Sizes, Grid, Results, Conclusions, Chart };
+enum class Region { Header, Sizes, Grid, Notice, Results, Conclusions, Chart };
 
 class Regions
 {
 public:
-    /// pages: on which all of them stand.
+    /// pages: on which they stand, but for the notice bar.
     explicit Regions(QTabWidget& pages) : m_pages(pages) {}
 
     /// A widget of a region. It can be reached while it or a child of it takes the focus.

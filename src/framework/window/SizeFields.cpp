@@ -55,6 +55,8 @@ QLineEdit* SizeFields::Make(QLatin1StringView control)
         Q_EMIT Refused({});
         m_guard([&] { m_document.TypeSize(control, text); });
     });
+    connect(edit, &QLineEdit::inputRejected, this,
+            [this] { Q_EMIT Refused(u"Sono ammesse soltanto cifre, quattro al più"_s); });
     m_fields.append(edit);
     return edit;
 }

@@ -59,8 +59,11 @@ StatusPanels::StatusPanels(const TestInfo& info, Frame& frame, QWidget* parent)
     setObjectName(u"StatusBar1"_s);
     setSizeGripEnabled(false);
     setStyleSheet(u"QStatusBar::item { border: none; }"_s); // the panels have their own bevels
-    addWidget(m_descrBar, 1);
-    addWidget(m_statusBar, 1);
+    // Both have what is left over; where it is scarce the number format stays whole.
+    for (StatusPanel* panel : {m_descrBar, m_statusBar}) {
+        panel->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+        addWidget(panel);
+    }
     connect(m_statusBar, &StatusPanel::DoubleClicked, this, &StatusPanels::StatusDoubleClicked);
     BuildStatusPanels(info);
     m_modified = StatePanel(u"ModifiedBar"_s, kModified);

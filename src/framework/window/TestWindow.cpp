@@ -71,6 +71,8 @@ TestWindow::TestWindow(std::unique_ptr<TestDocument> document, Frame& frame)
     layout->addWidget(m_panels);
     m_commands->SetSizes(m_fields->Sizes());
     MakeKeys();
+    m_pages->Ways().Add(Region::Notice, m_notices);
+    connect(m_notices, &NoticeBar::Left, this, &TestWindow::FocusLast);
 
     connect(m_document.get(), &TestDocument::Changed, this, &TestWindow::Refresh);
     connect(m_document.get(), &TestDocument::Calculated, this, &TestWindow::CaptionToToolTip);
@@ -173,12 +175,26 @@ void TestWindow::MakeKeys()
 
 void TestWindow::NoteFocus(QWidget* now)
 {
-    if (now == nullptr || !isAncestorOf(now) || !IsInFront(*this))
+    if (now == nullptr || m_keepsFocus || !isAncestorOf(now) || m_notices->isAncestorOf(now) ||
+        !IsInFront(*this))
         return;
     m_lastFocus = now;
-    while (now != this && qobject_cast<GridView*>(now) == nullptr)
-        now = now->parentWidget();
-    m_lastView = now == this ? nullptr : now;
+    QWidget* view = now;
+    while (view != this && qobject_cast<GridView*>(view) == nullptr)
+        view = view->parentWidget();
+    m_lastView = view == this ? nullptr : view;
+    m_pages->NoteFocus(view == this ? now : view);
+}
+
+void TestWindow::KeepFocus()
+{
+    m_keepsFocus = true;
+    const auto giveBack = [this] {
+        m_keepsFocus = false;
+        if (IsInFront(*this))
+            FocusLast();
+    };
+    QMetaObject::invokeMethod(this, giveBack, Qt::QueuedConnection);
 }
 
 /// To the control that had it last, where the focus is in none of the window.

@@ -39,6 +39,8 @@ public:
 
     /// Whether closing asks about this document.
     bool HasChanges() const { return m_document->IsModify() || m_document->ChangeMade(); }
+    /// The window takes another state, maximized or not: the focus stays where it is, or where it was last.
+    void KeepFocus();
     /// Takes over what is being typed. False when it is refused.
     [[nodiscard]] bool Settle() { return m_commands->Settle(); }
     /// Asks what becomes of the changes. False when the window has to stay.
@@ -85,7 +87,8 @@ private:
     QString m_toldReading;
     QPointer<QWidget> m_lastFocus; ///< had it when the window was in front
     QPointer<QWidget> m_lastView;  ///< the grid that it stood in; its editor may be gone
-    bool m_unloading = false;      ///< the question was asked
+    bool m_keepsFocus = false;
+    bool m_unloading = false; ///< the question was asked
 };
 
 /// A window with its document, complete.

@@ -4,6 +4,7 @@
 #include "framework/document/TestDocument.h"
 #include "framework/document/TextTable.h"
 #include "framework/window/CornerLabel.h"
+#include "framework/window/EditCommands.h"
 #include "framework/window/Forms.h"
 #include "framework/window/Furnishings.h"
 
@@ -11,6 +12,7 @@
 #include <QFormLayout>
 #include <QHBoxLayout>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -21,10 +23,11 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-/// Sets a text without moving the caret of a field that shows it already.
-void ShowText(QLineEdit* edit, const QString& text)
+/// Leaves a field that shows the text already alone, line ends in it included: its caret stays, and what it
+/// can take back.
+void ShowInput(QLineEdit* edit, const QString& text)
 {
-    if (edit->text() != text)
+    if (TestDocument::InputLine(edit->text()) != text)
         edit->setText(text);
 }
 
@@ -230,7 +233,7 @@ QGroupBox* WindowFields::TitledBox(const QString& name, const QString& title)
 void WindowFields::Refresh()
 {
     for (qsizetype i = 0; i < m_inputs.size(); ++i)
-        ShowText(m_inputs[i], m_document.InputData(static_cast<int>(i)));
+        ShowInput(m_inputs[i], m_document.InputData(static_cast<int>(i)));
     m_sizes->Refresh();
     for (QLabel* label : std::as_const(m_labels)) {
         ShowText(label, OneLineEnd(m_document.ControlText(label->objectName())));
@@ -287,7 +290,18 @@ void WindowFields::ShowOption()
     }
 }
 
-bool WindowFields::eventFilter(QObject* /*object*/, QEvent* event)
+bool WindowFields::eventFilter(QObject* object, QEvent* event)
 {
+    auto* edit = qobject_cast<QLineEdit*>(object);
+    if (edit != nullptr && event->type() == QEvent::KeyPress) {
+        const auto& key = *static_cast<QKeyEvent*>(event);
+        if (key.matches(QKeySequence::Paste))
+            EditPaste(edit);
+        else if (IsRedo(key))
+            edit->redo();
+        else
+            return false;
+        return true;
+    }
     return BelongsToMenu(*event);
 }

@@ -13,6 +13,7 @@
 #include "framework/window/GridView.h"
 #include "framework/window/WindowCommands.h"
 
+#include <QApplication>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QHeaderView>
@@ -42,6 +43,7 @@ WindowPages::WindowPages(TestDocument& document, WindowFields& fields, Descripti
 {
     setObjectName(u"SSTab1"_s);
     m_descriptions.Describe(this, {});
+    connect(this, &QTabWidget::currentChanged, this, &WindowPages::RestoreFocus);
 }
 
 void WindowPages::AddPage(QWidget* page, const QString& caption)
@@ -204,6 +206,25 @@ QWidget* WindowPages::LastInTabOrder() const
             last = next;
     }
     return last;
+}
+
+void WindowPages::NoteFocus(QWidget* now)
+{
+    if (currentIndex() == m_noted && currentWidget()->isAncestorOf(now))
+        m_lastFocus[m_noted] = now;
+}
+
+/// The pages give it to a field of their own choice: the first one where the last had been a cell's, which is
+/// gone.
+void WindowPages::RestoreFocus()
+{
+    m_noted = currentIndex();
+    QWidget* last = m_lastFocus.value(m_noted);
+    QWidget* now = QApplication::focusWidget();
+    if (last != nullptr && last->isVisible() && currentWidget()->isAncestorOf(now))
+        last->setFocus();
+    else if (isAncestorOf(now))
+        NoteFocus(now);
 }
 
 void WindowPages::TurnPage(bool forward)

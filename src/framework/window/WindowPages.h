@@ -5,7 +5,9 @@
 #include "framework/window/WindowFields.h"
 
 #include <QGroupBox>
+#include <QHash>
 #include <QList>
+#include <QPointer>
 #include <QTabWidget>
 
 #include <cstddef>
@@ -62,12 +64,16 @@ public:
 
     /// The last widget that Tab reaches on the pages.
     QWidget* LastInTabOrder() const;
+    /// A widget of the window has the focus: its page gives it back when it is turned to again.
+    void NoteFocus(QWidget* now);
     /// The next page, or the one before; behind the last one comes the first.
     void TurnPage(bool forward);
+    Regions& Ways() { return m_regions; }
     /// As Regions::Turn.
     void TurnRegion(bool forward) { m_regions.Turn(forward); }
 
 private:
+    void RestoreFocus();
     GridView* MakeGridView(std::size_t index, const QString& caption);
 
     TestDocument& m_document;
@@ -78,5 +84,7 @@ private:
     Regions m_regions;
     std::vector<GridView*> m_views; ///< by the grid's index
     QList<ChartPage*> m_charts;
+    QHash<int, QPointer<QWidget>> m_lastFocus; ///< by page
+    int m_noted = 0;                           ///< the page whose focus is noted
     int m_firstPage = 0;
 };
