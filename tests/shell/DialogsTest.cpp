@@ -19,6 +19,7 @@
 #include <QPainter>
 #include <QProgressBar>
 #include <QRegularExpression>
+#include <QScrollBar>
 #include <QSettings>
 #include <QSvgGenerator>
 #include <QTemporaryDir>
@@ -76,6 +77,18 @@ private Q_SLOTS:
             KeepClearOf(&dialog, part);
             QVERIFY(screen.contains(dialog.geometry()) && !part.intersects(dialog.geometry()));
         }
+    }
+
+    void ADialogHasAPixelToSpare()
+    {
+        QDialog dialog;
+        auto* body = new QWidget;
+        (new QVBoxLayout(body))->addWidget(new QLabel(QString(40, u'x')));
+        BuildForm(&dialog, body, new QHBoxLayout);
+        dialog.resize(dialog.size() - QSize(1, 1)); // as a desktop at 150 % does
+        dialog.show();
+        for (QScrollBar* bar : dialog.findChildren<QScrollBar*>())
+            QVERIFY(!bar->isVisible());
     }
 
     void MessagesBreakLongPaths()

@@ -30,6 +30,9 @@ public:
     QSize sizeHint() const override { return widget()->sizeHint(); }
 };
 
+/// At 150 % a desktop rounds the size of a window, to one less than was asked for.
+constexpr int kRounding = 1;
+
 /// The title that the desktop puts above a dialog; how high it is, is not known before it is there.
 QSize WithTitle(const QWidget* dialog, const QSize& size)
 {
@@ -53,7 +56,7 @@ void CenterForm(QWidget* dialog)
     const QRect room = dialog->screen()->availableGeometry();
     const int title = WithTitle(dialog, QSize(0, 0)).height();
     const int bar = dialog->style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, dialog);
-    const QSize whole = dialog->sizeHint();
+    const QSize whole = dialog->sizeHint() + QSize(kRounding, kRounding);
     // What has to scroll one way needs the room of the bar in the other.
     QSize size = whole;
     if (whole.height() + title > room.height())
