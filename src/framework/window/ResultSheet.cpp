@@ -7,7 +7,9 @@
 #include <QMenu>
 #include <QMimeData>
 
+#include <algorithm>
 #include <memory>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -107,20 +109,17 @@ QStringList ResultSheet::RowTexts(const Row& row)
 QList<QStringList> ResultSheet::Rows() const
 {
     QList<QStringList> rows;
-    qsizetype columns = 0; // of the last row that has results
     for (const Row& row : m_rows) {
-        QList<QStringList> added;
         if (row.table != nullptr)
-            added = QList<QStringList>{{row.table->Shape().caption}} + row.table->Rows();
+            rows += QList<QStringList>{{row.table->Shape().caption}} + row.table->Rows();
         else if (const QStringList texts = RowTexts(row); !texts.isEmpty())
-            added = {texts};
-        else
-            continue;
-        if (row.table != nullptr || (added.constFirst().size() > 1 && added.constFirst().size() < columns))
-            rows += QStringList();
-        rows += added;
-        columns = added.constLast().size() > 1 ? added.constLast().size() : columns;
+            rows += texts;
     }
+    qsizetype cells = 0;
+    for (const QStringList& row : std::as_const(rows))
+        cells = std::max(cells, row.size());
+    for (QStringList& row : rows)
+        row.resize(cells);
     return rows;
 }
 

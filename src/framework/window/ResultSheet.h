@@ -33,8 +33,8 @@ public:
     void AddTable(const TextTable& table, QWidget* view);
     void AddConclusions(QPlainTextEdit* conclusions);
 
-    /// What is seen of it, row by row, a caption in front of each row; an empty row parts what has other
-    /// columns.
+    /// What is seen of it, row by row, a caption in front of each row; all rows have the same count of cells,
+    /// the last ones empty.
     QList<QStringList> Rows() const;
     /// Puts them on the clipboard, as text parted by tabs and as an HTML table.
     void Copy() const;

@@ -110,11 +110,12 @@ private Q_SLOTS:
         QApplication::sendEvent(table, &event);
         QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_R);
         const QString text = QApplication::clipboard()->text();
-        QCOMPARE(text, u"Somma\t5,00\n\nAnalisi della varianza\nVariazione\tDevianza\tGdL\n"
+        QCOMPARE(text, u"Somma\t5,00\t\nAnalisi della varianza\t\t\nVariazione\tDevianza\tGdL\n"
                        "Regressione\t5,00\t1\nTotali\t10,00\t\n"_s);
         const QString html = QApplication::clipboard()->mimeData()->html();
-        QVERIFY(html.contains(u"<tr><td>Somma</td><td align=\"right\">5,00</td></tr>"_s));
+        QVERIFY(html.contains(u"<tr><td>Somma</td><td align=\"right\">5,00</td><td"_s));
         QCOMPARE(html.count(u"<tr>"_s), text.count(u'\n'));
+        QCOMPARE(html.count(u"<td"_s), 3 * text.count(u'\n'));
     }
 
     void CaretWalksFromGridToGrid()
