@@ -1,6 +1,7 @@
 #include "framework/window/ResultSheet.h"
 
 #include "framework/document/TextTable.h"
+#include "framework/window/Furnishings.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -109,6 +110,8 @@ QStringList ResultSheet::RowTexts(const Row& row)
 QList<QStringList> ResultSheet::Rows() const
 {
     QList<QStringList> rows;
+    if (m_stale)
+        rows += QStringList(kStaleResults);
     for (const Row& row : m_rows) {
         if (row.table != nullptr)
             rows += QList<QStringList>{{row.table->Shape().caption}} + row.table->Rows();

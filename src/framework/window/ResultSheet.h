@@ -33,6 +33,10 @@ public:
     void AddTable(const TextTable& table, QWidget* view);
     void AddConclusions(QPlainTextEdit* conclusions);
 
+    /// Results that are not those of what stands in the document are taken away with a first row that says
+    /// so.
+    void SetStale(bool stale) { m_stale = stale; }
+
     /// What is seen of it, row by row, a caption in front of each row; all rows have the same count of cells,
     /// the last ones empty.
     QList<QStringList> Rows() const;
@@ -58,4 +62,5 @@ private:
     static void PopUp(QWidget* over, const QPoint& at, const QList<MenuItem>& items);
 
     QList<Row> m_rows;
+    bool m_stale = false;
 };

@@ -268,6 +268,7 @@ void WindowFields::ShowResults()
 void WindowFields::ShowState()
 {
     const ResultState state = m_document.Results();
+    m_sheet.SetStale(state == ResultState::Stale);
     const QString stale = state == ResultState::Stale ? kStaleResults : QString();
     const auto show = [&](QWidget* widget, const QString& current) {
         Dim(widget, state != ResultState::Current);
