@@ -95,7 +95,6 @@ void ResultSheet::PopUp(QWidget* over, const QPoint& at, const QList<MenuItem>& 
 
 QStringList ResultSheet::RowTexts(const Row& row)
 {
-    const bool heading = row.cells.isEmpty();
     QStringList texts{row.caption == nullptr ? QString() : row.caption->text()};
     for (const QLabel* cell : row.cells) {
         if (!cell->isHidden())
@@ -103,6 +102,7 @@ QStringList ResultSheet::RowTexts(const Row& row)
         if (row.caption == nullptr && texts.constFirst().isEmpty())
             texts.first() = cell->accessibleDescription();
     }
+    const bool heading = row.cells.isEmpty() && row.caption != nullptr;
     const bool seen = heading ? !row.caption->isHidden() : texts.size() > 1;
     return seen ? texts : QStringList();
 }
