@@ -193,6 +193,10 @@ void MainWindow::ShowMenus()
         if (menu->objectName() == u"MnuFinestre")
             m_windowList->SetMenu(menu);
     }
+    for (TestWindow* other : Tests()) {
+        if (other != test)
+            other->Deactivated();
+    }
     if (test != nullptr)
         test->Activated();
 }

@@ -97,9 +97,12 @@ TestWindow::TestWindow(std::unique_ptr<TestDocument> document, Frame& frame)
     });
     connect(m_commands, &WindowCommands::Ran, this, [this] {
         ShowState();
-        LowerButtons(m_commands->Toolbar());
-        // A menu that was opened by keys has the focus until it is gone; what it went from may be gone.
-        QMetaObject::invokeMethod(this, &TestWindow::GiveFocusBack, Qt::QueuedConnection);
+        // Once a menu that was opened is gone: it had the focus, and may lie over a button.
+        const auto after = [this] {
+            LowerButtons(m_commands->Toolbar());
+            GiveFocusBack();
+        };
+        QMetaObject::invokeMethod(this, after, Qt::QueuedConnection);
     });
     connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) { NoteFocus(now); });
 }
@@ -239,6 +242,11 @@ void TestWindow::Activated()
     SetFileDialog(m_document->Context(), m_document->Info());
     m_panels->UpdateStatusPanels();
     FocusLast();
+}
+
+void TestWindow::Deactivated()
+{
+    LowerButtons(m_commands->Toolbar());
 }
 
 void TestWindow::closeEvent(QCloseEvent* event)

@@ -33,6 +33,8 @@ public:
     const QList<QMenu*>& Menus() const { return m_commands->Menus(); }
     /// The window has become the active one.
     virtual void Activated();
+    /// Another window has become the active one.
+    void Deactivated();
 
     /// Opens a file of this test, with the questions of its command Apri.
     void OpenFile(const QString& fileName) { m_commands->OpenFile(fileName); }
