@@ -43,6 +43,8 @@ public:
     virtual void ShowAll() = 0;
     /// Whether all of the chart is in view.
     virtual bool IsWhole() const = 0;
+    /// Whether it is, and as large as can be: ShowAll would change nothing.
+    virtual bool IsFitted() const = 0;
     /// The numbers that a place stands for, or nothing outside the axes.
     virtual std::optional<QPointF> ValuesAt(const QPointF& at) const = 0;
     /// The place of numbers, in view or not.

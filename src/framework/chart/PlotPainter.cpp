@@ -97,6 +97,12 @@ bool PlotPainter::IsWhole() const
            (Shows(m_plot->xAxis->range(), m_wholeX) && Shows(m_plot->yAxis->range(), m_wholeY));
 }
 
+bool PlotPainter::IsFitted() const
+{
+    return !HasExtent(m_chart) ||
+           (IsWhole() && Shows(m_wholeX, m_plot->xAxis->range()) && Shows(m_wholeY, m_plot->yAxis->range()));
+}
+
 QRect PlotPainter::LayOut(const QSize& size)
 {
     m_screen = size;

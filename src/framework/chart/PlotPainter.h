@@ -22,6 +22,7 @@ public:
     void Drag(const QPointF& by) override;
     void ShowAll() override;
     bool IsWhole() const override;
+    bool IsFitted() const override;
     std::optional<QPointF> ValuesAt(const QPointF& at) const override;
     QPointF PlaceOf(const QPointF& values) const override;
 

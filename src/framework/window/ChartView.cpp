@@ -323,11 +323,12 @@ void ChartView::ShowMenu(const QPoint& global)
     menu.addAction(u"Salva come P&NG..."_s, this,
                    [this] { Save(ChartFormat::Png, u"png"_s, u"PNG|*.png"_s); });
     menu.addSeparator();
-    menu.addAction(u"Mostra &tutto"_s, this, &ChartView::ShowAll)->setShortcut(Qt::Key_Home);
+    // The key in letters: the library's own translation is an arrow.
+    QAction* all = menu.addAction(u"Mostra &tutto\tHome"_s, this, &ChartView::ShowAll);
     if (m_enlargeable)
         menu.addAction(u"&Ingrandisci o affianca"_s, this, &ChartView::EnlargeAsked);
     for (QAction* action : menu.actions())
-        action->setEnabled(Painter() != nullptr);
+        action->setEnabled(Painter() != nullptr && (action != all || !Painter()->IsFitted()));
     menu.exec(global);
 }
 

@@ -240,11 +240,12 @@ private:
             for (QAction* action : menu != nullptr ? menu->actions() : QList<QAction*>()) {
                 if (caption.isEmpty())
                     m_told += u"item: "_s +
-                              (action->isSeparator()
-                                   ? u"-"_s
-                                   : (action->text() + u' ' + action->shortcut().toString()).trimmed()) +
+                              (action->isSeparator() ? u"-"_s
+                                                     : (QString(action->text()).replace(u'\t', u' ') + u' ' +
+                                                        action->shortcut().toString())
+                                                           .trimmed()) +
                               (action->isEnabled() ? QString() : u" grey"_s);
-                else if (action->text() == caption)
+                else if (action->text().section(u'\t', 0, 0) == caption)
                     action->trigger();
             }
             menu->close();
