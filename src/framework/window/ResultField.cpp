@@ -11,6 +11,8 @@ using namespace Qt::StringLiterals;
 namespace
 {
 constexpr int kMargin = 2;
+/// The least width of what wraps, in average characters: a verdict of one sentence stands in one line.
+constexpr int kLineLength = 42;
 } // namespace
 
 ResultField::ResultField(const QString& control, const QString& caption)
@@ -44,7 +46,9 @@ void ResultField::Copy() const
 QSize ResultField::Room() const
 {
     const int around = 2 * (margin() + frameWidth());
-    return {fontMetrics().horizontalAdvance(u"00000000,000"_s) + around, 0};
+    const int width = wordWrap() ? kLineLength * fontMetrics().averageCharWidth()
+                                 : fontMetrics().horizontalAdvance(u"00000000,000"_s);
+    return {width + around, 0};
 }
 
 QSize ResultField::sizeHint() const

@@ -165,7 +165,7 @@ void WindowFields::AddVerdict(QGridLayout* layout, QLatin1StringView control, co
     verdict->setFont(bold);
     line->addWidget(shown);
     line->addWidget(verdict, 1);
-    layout->addLayout(line, NextRow(layout), 0, 1, layout->columnCount() - 1);
+    layout->addLayout(line, NextRow(layout), 0, 1, layout->columnCount());
     m_signs.append({shown, sign});
     m_sheet.AddRow(nullptr, {verdict});
 }

@@ -3,6 +3,7 @@
 #include "framework/window/Furnishings.h"
 #include "Compare.h"
 #include "WindowWorld.h"
+#include "framework/window/ResultField.h"
 #include "framework/window/TestMenus.h"
 #include "validation/limits/LimiDocument.h"
 #include "validation/limits/LimiWindow.h"
@@ -179,6 +180,9 @@ private Q_SLOTS:
         const GridView* grid = open.GridAt(0);
         QVERIFY(grid->viewport()->height() >= 10 * grid->rowHeight(0));
         QCOMPARE(grid->width(), grid->sizeHint().width());
+        auto* verdict = open.Find<ResultField>("Giudizio");
+        verdict->ShowResult(u"Differenza NON SIGNIFICATIVA (P = 95%)"_s);
+        QTRY_VERIFY(verdict->width() > verdict->fontMetrics().horizontalAdvance(verdict->text()));
     }
 
     void SmallWindowScrolls()
