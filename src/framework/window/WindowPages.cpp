@@ -46,6 +46,11 @@ WindowPages::WindowPages(TestDocument& document, WindowFields& fields, Descripti
     connect(this, &QTabWidget::currentChanged, this, &WindowPages::RestoreFocus);
 }
 
+WindowPages::~WindowPages()
+{
+    disconnect(this, &QTabWidget::currentChanged, this, nullptr); // the pages that go, one after the other
+}
+
 void WindowPages::AddPage(QWidget* page, const QString& caption)
 {
     auto* area = new QScrollArea;

@@ -28,6 +28,7 @@ public:
     /// All but this object outlive it.
     WindowPages(TestDocument& document, WindowFields& fields, Descriptions& descriptions,
                 WindowCommands& commands, GridNotices& notices);
+    ~WindowPages() override;
 
     /// The page scrolls where the window is smaller than what stands on it.
     void AddPage(QWidget* page, const QString& caption);
