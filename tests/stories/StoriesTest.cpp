@@ -1,5 +1,6 @@
 // The stories: whole windows after each thing that a user does.
 #include "Compare.h"
+#include "OneFont.h"
 #include "framework/window/Furnishings.h"
 #include "stories/ExpectedText.h"
 #include "stories/Story.h"
@@ -11,13 +12,7 @@ class StoriesTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    /// Of the desktop's fonts one that is always there, in one size: what is laid out by it is told.
-    void initTestCase()
-    {
-        QFont font(u"Liberation Sans"_s);
-        font.setPixelSize(11);
-        QApplication::setFont(font);
-    }
+    void initTestCase() { LayOutByOneFont(); }
 
     void init() { FailOnWarnings(); }
 

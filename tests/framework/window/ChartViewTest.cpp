@@ -1,6 +1,7 @@
 // Charts on screen: the stories of tests/data/chart-views, by mouse and keys, with the real painter from its
 // module.
 #include "framework/window/ChartView.h"
+#include "OneFont.h"
 #include "TestWorld.h"
 #include "framework/MadeUpDocument.h"
 #include "framework/window/ChartPage.h"
@@ -296,6 +297,7 @@ class ChartViewTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void initTestCase() { LayOutByOneFont(); }
     void init() { FailOnWarnings(); }
 
     void Seen_data() { AddKeptTexts({u"chart-views"_s}); }

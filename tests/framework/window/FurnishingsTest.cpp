@@ -2,6 +2,7 @@
 // toolbar of each, the bands of the background, room in a small window.
 #include "framework/window/Furnishings.h"
 #include "Compare.h"
+#include "OneFont.h"
 #include "WindowWorld.h"
 #include "framework/window/ResultField.h"
 #include "framework/window/TestMenus.h"
@@ -60,6 +61,7 @@ class FurnishingsTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void initTestCase() { LayOutByOneFont(); }
     void init() { FailOnWarnings(); }
 
     void MenusOfEachTest_data()
