@@ -262,10 +262,15 @@ void MainWindow::ShowTest(QStringView key)
     window->setFocusPolicy(Qt::NoFocus);
     window->resize(window->sizeHint().boundedTo(m_area->viewport()->size()));
     window->installEventFilter(this);
-    if (maximized)
+    window->show();
+    if (maximized) { // Qt gives it the state, and not always the room
+        const auto fill = [this, window] {
+            if (window->isMaximized())
+                window->setGeometry(m_area->viewport()->rect());
+        };
         window->showMaximized();
-    else
-        window->show();
+        QMetaObject::invokeMethod(window, fill, Qt::QueuedConnection);
+    }
     const TestDocument& document = OpenTest(key)->Document();
     connect(&document, &TestDocument::Filed, this, [](const QString& fileName) { NoteDocument(fileName); });
 }
