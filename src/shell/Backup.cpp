@@ -28,11 +28,13 @@ QFileInfoList FilesOf(const QString& folder)
     for (; !error && entry != fs::directory_iterator(); entry.increment(error)) {
         std::error_code unseen;
         const fs::file_status status = entry->status(unseen); // of what a link leads to
-        const bool link = entry->is_symlink(unseen); // one that leads nowhere is told where it is copied
-        if (status.type() == fs::file_type::none && !link)
+        std::error_code ownUnseen;
+        const bool leadsNowhere = !fs::exists(status) && entry->is_symlink(ownUnseen);
+        if (status.type() == fs::file_type::none && !leadsNowhere)
             throw SystemFailure(unseen.value());
         const QString name = QFile::decodeName(entry->path().filename().c_str());
-        if (fs::is_regular_file(status) && !name.startsWith(u'.'))
+        // A link that leads nowhere is told by its name, where it is copied.
+        if ((fs::is_regular_file(status) || leadsNowhere) && !name.startsWith(u'.'))
             files.append(QFileInfo(QDir(folder), name));
     }
     if (error)

@@ -156,7 +156,7 @@ QList<QPointF> Points(const ChartData& chart, std::size_t i, std::size_t first, 
 /// A line between points of which all are one is not seen.
 bool IsPoint(const QList<QPointF>& points)
 {
-    return std::ranges::all_of(points, [&points](const QPointF& point) {
+    return !points.isEmpty() && std::ranges::all_of(points, [&points](const QPointF& point) {
         return point.x() == points.front().x() && point.y() == points.front().y();
     });
 }

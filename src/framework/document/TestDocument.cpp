@@ -72,16 +72,9 @@ QString TestDocument::InputCaption(int index)
     return InputCaptions(Language::Italian)[static_cast<std::size_t>(index)];
 }
 
-QString TestDocument::InputLine(QString text)
-{
-    for (const QLatin1StringView other : {"\r\n"_L1, "\n"_L1, "\r"_L1, "\t"_L1})
-        text.replace(other, " "_L1);
-    return text;
-}
-
 void TestDocument::TypeInputData(int index, const QString& text)
 {
-    m_inputData[static_cast<std::size_t>(index)] = InputLine(text);
+    m_inputData[static_cast<std::size_t>(index)] = InOneLine(text);
     m_isModify = true;
     NoteChange();
     ShowInputs();

@@ -6,6 +6,7 @@
 #include "framework/document/DocumentContext.h"
 #include "framework/document/DocumentShape.h"
 #include "framework/document/FieldSet.h"
+#include "framework/document/ResultState.h"
 #include "framework/document/TestRegistry.h"
 #include "framework/document/TextTable.h"
 #include "framework/grid/DataGrid.h"
@@ -48,10 +49,6 @@ enum class CalcEnd {
     Refused,   ///< a message said why
 };
 
-/// What the shown results are: none yet, those of what stands in the document, or those of what stood there
-/// before a change.
-enum class ResultState { None, Current, Stale };
-
 /// How far a document was read from its file.
 enum class FileRead { Whole, InPart, NotAtAll };
 
@@ -75,10 +72,8 @@ public:
     {
         return std::span(m_inputData).first(static_cast<std::size_t>(m_shape.inputs));
     }
-    /// What the user typed, as InputLine has it.
+    /// What the user typed. A header field is one line of the file, as InOneLine has it.
     void TypeInputData(int index, const QString& text);
-    /// A header field is one line of the file: line ends and tabs become blanks.
-    static QString InputLine(QString text);
 
     const SizeField& SizeOf(QAnyStringView control) const;
     /// What the user typed into a size field: applied when the number in it lies within its limits. All that
@@ -174,7 +169,7 @@ public:
     void ReadFromFile(const QString& fileName);
     FileRead HowRead() const { return m_howRead; }
     /// Why nothing was read, for ReadNotice.
-    void NoteUnread(const QString& why) { m_readStop.expected = why; }
+    void NoteUnread(const QString& why) { m_readStop.why = why; }
     /// The line, from 1, at which a reading in part stopped; else 0.
     int ReadStop() const { return m_readStop.line; }
     /// What the user is told of a file that was not read whole: where the reading stopped, what stood there,
@@ -314,8 +309,9 @@ private:
     int m_chartState = 0;
     ResultState m_resultState = ResultState::None;
     FileRead m_howRead = FileRead::Whole;
-    /// Where a reading in part stopped.
+    /// Where a reading in part stopped, or why there was none.
     struct {
+        QString why = {};
         int line = 0;
         std::optional<QString> found = {}; ///< nothing at the end of the file
         QString expected = {};

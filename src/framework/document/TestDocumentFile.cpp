@@ -57,7 +57,7 @@ void TestDocument::NoteStop(const DataFileReader& reader)
 /// No row was read, because a size among the lines of the head is none.
 void TestDocument::NoteSizeStop()
 {
-    for (std::size_t i = m_shape.lines.size(); i-- > 0;) {
+    for (std::size_t i = 0; i < m_shape.lines.size(); ++i) {
         const FileLine& line = m_shape.lines[i];
         const bool size = m_fields.Has(line.control) && m_fields[line.control].kind == FieldKind::Size;
         bool number = false;
@@ -66,6 +66,7 @@ void TestDocument::NoteSizeStop()
         m_readStop.found = ControlText(line.control);
         m_readStop.foundAt = m_readStop.lastOfHead - static_cast<int>(m_shape.lines.size() - 1 - i);
         m_readStop.expected = u"la quantità \"%1\""_s.arg(m_fields[line.control].caption);
+        return;
     }
 }
 
@@ -74,7 +75,7 @@ QString TestDocument::ReadNotice() const
     if (m_howRead == FileRead::Whole)
         return {};
     if (m_howRead == FileRead::NotAtAll)
-        return u"Il file non è stato letto: %1"_s.arg(m_readStop.expected);
+        return u"Il file non è stato letto: %1"_s.arg(m_readStop.why);
     const QString found = m_readStop.found ? u"vi sta \"%1\""_s.arg(m_readStop.found->left(kLongestFound))
                                            : u"il file finisce"_s;
     return u"Letto in parte, fino alla riga %1: %2 dove è attesa %3"_s.arg(

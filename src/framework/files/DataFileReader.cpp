@@ -60,7 +60,8 @@ QByteArrayView DataFileReader::Take(const char* terminators)
         const char* const start = m_buffer.constData() + m_at;
         const qsizetype length = decided ? stop - begin : scanned;
         m_at += length;
-        m_found = FromCodePage(QByteArrayView(start, length));
+        m_foundAt = m_at - length;
+        m_foundLength = length;
         PassLineEnd();
         return {start, length};
     }
@@ -81,7 +82,14 @@ void DataFileReader::PassLineEnd()
 void DataFileReader::Begin()
 {
     m_line = m_linesEnded + 1;
-    m_found.reset();
+    m_foundLength.reset();
+}
+
+std::optional<QString> DataFileReader::Found() const
+{
+    if (!m_foundLength)
+        return std::nullopt;
+    return FromCodePage(QByteArrayView(m_buffer).sliced(m_foundAt, *m_foundLength));
 }
 
 QByteArrayView DataFileReader::ReadField()

@@ -27,7 +27,7 @@ public:
     /// The number, from 1, of the line in which the last reading began.
     int Line() const { return m_line; }
     /// What the last reading found; nothing where the file ended.
-    const std::optional<QString>& Found() const { return m_found; }
+    std::optional<QString> Found() const;
 
     static constexpr qsizetype kLongestText = 1 << 20;
 
@@ -43,5 +43,6 @@ private:
     qsizetype m_at = 0;
     int m_line = 1;
     int m_linesEnded = 0;
-    std::optional<QString> m_found;
+    qsizetype m_foundAt = 0;
+    std::optional<qsizetype> m_foundLength;
 };

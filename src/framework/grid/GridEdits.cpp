@@ -186,8 +186,8 @@ PasteCount GridEdits::PasteText(int row, int col, const QString& text)
         int to = col;
         for (const QString& cell : cells) {
             const bool free = m_cells.Holds(at, to) && !m_cells.locked[m_cells.Place(at, to)];
-            if (Count(count, cell, at, to, free))
-                Add(step, at, to, m_format.Number(cell));
+            if (const auto taken = Take(count, cell, at, to, free))
+                Add(step, at, to, taken->number);
             ++to;
         }
         ++at;
@@ -197,23 +197,24 @@ PasteCount GridEdits::PasteText(int row, int col, const QString& text)
     return count;
 }
 
-/// Counts a pasted text, whose cell can be changed or not. Whether it is taken.
-bool GridEdits::Count(PasteCount& count, const QString& text, int row, int col, bool free) const
+/// Counts a pasted text, whose cell can be changed or not. What the cell takes, if it does.
+std::optional<GridEdits::TakenText> GridEdits::Take(PasteCount& count, const QString& text, int row, int col,
+                                                    bool free) const
 {
     if (!free) {
         ++count.outside;
-        return false;
+        return std::nullopt;
     }
-    if (!m_format.Accepts(text)) {
+    const auto number = m_format.Number(text);
+    if (!number && !text.trimmed().isEmpty()) {
         if (count.refused++ == 0)
             count.firstRefused = {.row = row, .col = col, .text = text};
-        return false;
+        return std::nullopt;
     }
     ++count.taken;
-    const auto number = m_format.Number(text);
     if (number && *number != RoundToDecimals(*number, m_format.GetDigits().decimali))
         ++count.rounded;
-    return true;
+    return TakenText{number};
 }
 
 bool GridEdits::Overwrites(const GridBlock& from, int row, int col) const
@@ -270,7 +271,7 @@ PasteCount GridEdits::PasteHeaders(int col, const QString& text)
     HeaderChanges step;
     int to = col;
     for (const QString& header : text.isEmpty() ? QStringList() : OneLine(text)) {
-        if (Count(count, header, 0, to, m_headersEditable && to < m_cells.Cols()))
+        if (Take(count, header, 0, to, m_headersEditable && to < m_cells.Cols()))
             Add(step, to, header);
         ++to;
     }

@@ -113,7 +113,11 @@ private:
 
     void Add(CellChanges& step, int row, int col, std::optional<double> value) const;
     void Add(HeaderChanges& step, int col, const QString& text) const;
-    bool Count(PasteCount& count, const QString& text, int row, int col, bool free) const;
+    /// A text that its cell takes: a number, or nothing for a blank one.
+    struct TakenText {
+        std::optional<double> number;
+    };
+    std::optional<TakenText> Take(PasteCount& count, const QString& text, int row, int col, bool free) const;
     template<typename Changes>
     void Do(Changes step);
     std::optional<GridChange> Apply(const CellChanges& step, bool forward);

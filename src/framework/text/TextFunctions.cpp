@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 QString ReplaceStr(QString& text, const QString& search, const QString& replacement)
 {
     if (replacement == search || search.isEmpty())
@@ -33,6 +35,13 @@ QString TrimBlanks(QStringView text)
     while (text.endsWith(u' '))
         text.chop(1);
     return text.toString();
+}
+
+QString InOneLine(QString text)
+{
+    for (const QLatin1StringView other : {"\r\n"_L1, "\n"_L1, "\r"_L1, "\t"_L1})
+        text.replace(other, " "_L1);
+    return text;
 }
 
 QString GetDecSep()

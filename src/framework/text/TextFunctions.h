@@ -16,6 +16,9 @@ QString ReplaceStr(QString&& text, const QString& search, const QString& replace
 /// text without the blanks at both ends; other white space stays.
 QString TrimBlanks(QStringView text);
 
+/// text as one line: line ends and tabs become blanks.
+QString InOneLine(QString text);
+
 /// The system's decimal separator.
 QString GetDecSep();
 

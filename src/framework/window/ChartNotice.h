@@ -5,7 +5,6 @@
 #include <QRect>
 
 class QLabel;
-class QPushButton;
 
 class ChartNotice : public QFrame
 {

@@ -5,7 +5,7 @@
 #include "framework/chart/ChartData.h"
 #include "framework/chart/ChartPainter.h"
 #include "framework/document/DocumentContext.h"
-#include "framework/document/TestDocument.h"
+#include "framework/document/ResultState.h"
 
 #include <QWidget>
 

@@ -1,8 +1,8 @@
 #include "framework/window/EditCommands.h"
 
 #include "framework/document/Define.h"
-#include "framework/document/TestDocument.h"
 #include "framework/grid/GridCells.h"
+#include "framework/text/TextFunctions.h"
 #include "framework/window/ChartView.h"
 #include "framework/window/GridView.h"
 
@@ -35,7 +35,7 @@ std::optional<QString> SelText(const QWidget* control)
 void SetSelText(QWidget* control, const QString& text)
 {
     if (auto* field = qobject_cast<QLineEdit*>(control); field != nullptr && !field->isReadOnly())
-        field->insert(TestDocument::InputLine(text));
+        field->insert(InOneLine(text));
     else if (auto* edit = qobject_cast<QPlainTextEdit*>(control); edit != nullptr && !edit->isReadOnly())
         edit->insertPlainText(text);
 }

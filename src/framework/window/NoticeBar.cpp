@@ -121,11 +121,13 @@ void NoticeBar::Arrange()
         const QWidget* button = m_actions->itemAt(i)->widget();
         together += button->isHidden() ? 0 : button->sizeHint().width() + m_actions->spacing();
     }
-    auto* grid = qobject_cast<QGridLayout*>(layout());
     const bool below = together * 2 > width();
-    grid->removeItem(m_actions);
-    m_actions->setParent(nullptr);
-    grid->addLayout(m_actions, below ? 1 : 0, below ? 0 : 1, below ? Qt::AlignLeft : Qt::Alignment());
+    if (std::exchange(m_below, below) != below) {
+        auto* grid = qobject_cast<QGridLayout*>(layout());
+        grid->removeItem(m_actions);
+        m_actions->setParent(nullptr);
+        grid->addLayout(m_actions, below ? 1 : 0, below ? 0 : 1, below ? Qt::AlignLeft : Qt::Alignment());
+    }
     m_actions->setDirection(together > width() - kCross ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
 }
 

@@ -56,5 +56,6 @@ private:
     QList<Notice> m_notices; ///< the last one is shown
     QLabel* m_text;
     QBoxLayout* m_actions;
+    bool m_below = false;          ///< where the actions stand
     QList<QToolButton*> m_buttons; ///< the actions, and the cross
 };

@@ -12,8 +12,8 @@
 #include <QString>
 
 /// Never smaller than its text, nor than a usual number; one that wraps takes the width that there is, from a
-/// usual sentence on. With
-/// the focus, which click, double click and Tab bring, all of it is selected; Ctrl+C copies it.
+/// usual sentence on. With the focus, which click, double click and Tab bring, all of it is selected; Ctrl+C
+/// copies it.
 class ResultField : public QLabel
 {
     Q_OBJECT

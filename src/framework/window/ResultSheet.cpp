@@ -1,6 +1,7 @@
 #include "framework/window/ResultSheet.h"
 
 #include "framework/document/TextTable.h"
+#include "framework/text/TextFunctions.h"
 #include "framework/window/Furnishings.h"
 
 #include <QClipboard>
@@ -17,17 +18,14 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-/// A cell of a text parted by tabs is one line.
-QString OneLine(QString text)
-{
-    return text.replace(u'\n', u' ');
-}
-
+/// Each cell in one line.
 QString TabText(const QList<QStringList>& rows)
 {
     QString text;
-    for (const QStringList& row : rows)
-        text += OneLine(row.join(u'\t')) + u'\n';
+    for (QStringList row : rows) {
+        std::ranges::transform(row, row.begin(), InOneLine);
+        text += row.join(u'\t') + u'\n';
+    }
     return text;
 }
 

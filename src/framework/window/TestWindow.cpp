@@ -71,7 +71,7 @@ TestWindow::TestWindow(std::unique_ptr<TestDocument> document, Frame& frame)
     layout->addWidget(m_panels);
     m_commands->SetSizes(m_fields->Sizes());
     MakeKeys();
-    m_pages->Ways().Add(Region::Notice, m_notices);
+    m_pages->GetRegions().Add(Region::Notice, m_notices);
     connect(m_notices, &NoticeBar::Left, this, &TestWindow::FocusLast);
 
     connect(m_document.get(), &TestDocument::Changed, this, &TestWindow::Refresh);
@@ -172,7 +172,7 @@ void TestWindow::MakeKeys()
     };
     for (const bool forward : {true, false}) {
         add(forward ? u"Ctrl+PgDown"_s : u"Ctrl+PgUp"_s, [this, forward] { m_pages->TurnPage(forward); });
-        add(forward ? u"F6"_s : u"Shift+F6"_s, [this, forward] { m_pages->TurnRegion(forward); });
+        add(forward ? u"F6"_s : u"Shift+F6"_s, [this, forward] { m_pages->GetRegions().Turn(forward); });
     }
 }
 

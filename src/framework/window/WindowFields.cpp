@@ -3,6 +3,7 @@
 #include "framework/document/DocumentShape.h"
 #include "framework/document/TestDocument.h"
 #include "framework/document/TextTable.h"
+#include "framework/text/TextFunctions.h"
 #include "framework/window/CornerLabel.h"
 #include "framework/window/EditCommands.h"
 #include "framework/window/Forms.h"
@@ -27,7 +28,7 @@ namespace
 /// can take back.
 void ShowInput(QLineEdit* edit, const QString& text)
 {
-    if (TestDocument::InputLine(edit->text()) != text)
+    if (InOneLine(edit->text()) != text)
         edit->setText(text);
 }
 

@@ -69,9 +69,7 @@ public:
     void NoteFocus(QWidget* now);
     /// The next page, or the one before; behind the last one comes the first.
     void TurnPage(bool forward);
-    Regions& Ways() { return m_regions; }
-    /// As Regions::Turn.
-    void TurnRegion(bool forward) { m_regions.Turn(forward); }
+    Regions& GetRegions() { return m_regions; }
 
 private:
     void RestoreFocus();
