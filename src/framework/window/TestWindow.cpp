@@ -97,12 +97,9 @@ TestWindow::TestWindow(std::unique_ptr<TestDocument> document, Frame& frame)
     });
     connect(m_commands, &WindowCommands::Ran, this, [this] {
         ShowState();
-        // Once a menu that was opened is gone: it had the focus, and may lie over a button.
-        const auto after = [this] {
-            LowerButtons(m_commands->Toolbar());
-            GiveFocusBack();
-        };
-        QMetaObject::invokeMethod(this, after, Qt::QueuedConnection);
+        // Once a menu that was opened is gone.
+        const auto lower = [this] { LowerButtons(m_commands->Toolbar()); };
+        QMetaObject::invokeMethod(this, lower, Qt::QueuedConnection);
     });
     connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) { NoteFocus(now); });
 }
@@ -200,16 +197,6 @@ void TestWindow::KeepFocus()
     QMetaObject::invokeMethod(this, giveBack, Qt::QueuedConnection);
 }
 
-/// To the control that had it last, where the focus is in none of the window.
-void TestWindow::GiveFocusBack()
-{
-    const QWidget* focus = QApplication::focusWidget();
-    if (!IsInFront(*this) || QApplication::activePopupWidget() != nullptr ||
-        (focus != nullptr && isAncestorOf(focus)))
-        return;
-    FocusLast();
-}
-
 void TestWindow::FocusLast()
 {
     for (const auto& last : {m_lastFocus, m_lastView}) {
@@ -241,7 +228,6 @@ void TestWindow::Activated()
 {
     SetFileDialog(m_document->Context(), m_document->Info());
     m_panels->UpdateStatusPanels();
-    FocusLast();
 }
 
 void TestWindow::Deactivated()

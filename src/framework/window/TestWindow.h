@@ -75,7 +75,6 @@ private:
     void ShowState();
     void ShowReading();
     void NoteFocus(QWidget* now);
-    void GiveFocusBack();
     void FocusLast();
 
     std::unique_ptr<TestDocument> m_document;
