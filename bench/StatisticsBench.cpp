@@ -1,6 +1,7 @@
 // The statistics routines, over the counts that tests have and the largest that they may have.
 #include "stats/CriticalValues.h"
 #include "stats/Statistics.h"
+#include "validation/calibration/TaraCalc.h"
 
 #include <benchmark/benchmark.h>
 
@@ -68,16 +69,42 @@ void CriticalT(benchmark::State& state)
 }
 BENCHMARK(CriticalT);
 
+class NoTable : public FTable
+{
+public:
+    std::optional<double> Find(std::int16_t, std::int16_t) override { return std::nullopt; }
+};
+
 void CriticalF(benchmark::State& state)
 {
-    class NoTable : public FTable
-    {
-    public:
-        std::optional<double> Find(std::int16_t, std::int16_t) override { return std::nullopt; }
-    } table;
+    NoTable table;
     for (auto _ : state)
         benchmark::DoNotOptimize(ValoreF(5, 10, table));
 }
 BENCHMARK(CriticalF);
+
+/// The largest calibration that can be typed.
+void Calibration(benchmark::State& state)
+{
+    constexpr std::int16_t kGroups = 15;
+    constexpr std::int16_t kReplicates = 40;
+    std::vector<double> conc;
+    for (int i = 1; i <= kGroups; ++i)
+        conc.push_back(i);
+    std::vector<double> risp;
+    for (int j = 0; j < kReplicates; ++j) {
+        for (const double x : conc)
+            risp.push_back(100 + 10 * x + 80 * std::sin(x + j));
+    }
+    NoTable table;
+    for (auto _ : state)
+        benchmark::DoNotOptimize(CalcRegr({.conc = conc,
+                                           .risp = risp,
+                                           .groups = kGroups,
+                                           .replicates = kReplicates,
+                                           .count = kGroups * kReplicates},
+                                          table, [&] { state.SkipWithError("overflow"); }));
+}
+BENCHMARK(Calibration);
 
 } // namespace

@@ -95,21 +95,24 @@ private:
     int m_beeps = 0;
 };
 
-/// No table: asking for it fails as a missing database does.
-class MissingFTable : public FTable
+/// Holds nothing. Where it is missing, asking for it fails as a missing database does.
+class EmptyFTable : public FTable
 {
 public:
     std::optional<double> Find(std::int16_t, std::int16_t) override
     {
-        throw RuntimeFailure(FailureKind::DatabaseNotOpen);
+        if (missing)
+            throw RuntimeFailure(FailureKind::DatabaseNotOpen);
+        return std::nullopt;
     }
+    bool missing = false;
 };
 
 struct TestWorld {
     Define define;
     ScriptedDialog dialog;
     ScriptedMessages messages;
-    MissingFTable fTable;
+    EmptyFTable fTable;
 
     DocumentContext Context() { return {define, dialog, messages, fTable}; }
 };

@@ -122,9 +122,10 @@ double ProbF(double f, std::int16_t gdl1, std::int16_t gdl2)
 {
     const Real a = CubeRootTerm(gdl1);
     const Real b = CubeRootTerm(gdl2);
-    const Real c = Power(f, 1.0 / 3.0);
+    const Real root = Power(Abs(f), 1.0 / 3.0);
+    const Real c = f < 0 ? -root : root;
     const Real numerator = c * (Real(1.0) - b) - 1.0 + a;
-    const Real denominator = Sqrt(Abs(Power(f, 2.0 / 3.0) * b + a));
+    const Real denominator = Sqrt(Abs(Power(Abs(f), 2.0 / 3.0) * b + a));
     Real z = numerator / denominator;
     const bool negative = z < 0.0;
     z = Abs(z);

@@ -48,11 +48,10 @@ double DensGauss(double x, double mean, double sigma);
 /// What ProbF gives when its series overflows: no probability. Whoever shows results tells the user.
 inline constexpr double kNoProbability = -1;
 
-/// Upper tail probability of an F value f >= 0 with gdl1 and gdl2 degrees of freedom, or kNoProbability after
-/// an overflow of the series (from about |z| = 21.5). Cube-root normal approximation, power series of the
-/// normal integral.
-/// Fails: Overflow for degrees of freedom above 3640 (9 times gdl is formed in 16 bits); DivisionByZero at 0;
-/// InvalidArgument for a negative f.
+/// Upper tail probability of an F value with gdl1 and gdl2 degrees of freedom, or kNoProbability after an
+/// overflow of the series (from about |z| = 21.5). Cube-root normal approximation, power series of the normal
+/// integral. The cube root of a negative f, which rounding may give, is that of its size with a minus.
+/// Fails: Overflow for degrees of freedom above 3640 (9 times gdl is formed in 16 bits); DivisionByZero at 0.
 double ProbF(double f, std::int16_t gdl1, std::int16_t gdl2);
 
 /// Two-sided tail probability of a t value with gdl >= 1 degrees of freedom, by the finite series in the

@@ -1,6 +1,7 @@
 #include "validation/DocumentFactory.h"
 
 #include "framework/document/DocumentContext.h"
+#include "validation/calibration/TaraDocument.h"
 #include "validation/limits/LimiDocument.h"
 #include "validation/repeatability/PrecDocument.h"
 #include "validation/specificity/SpecDocument.h"
@@ -24,8 +25,8 @@ struct Entry {
     std::unique_ptr<TestDocument> (*make)(const DocumentContext&);
 };
 
-constexpr std::array kEntries = {Entry{"SPEC"_L1, Make<SpecDocument>}, Entry{"PREC"_L1, Make<PrecDocument>},
-                                 Entry{"LIMI"_L1, Make<LimiDocument>}};
+constexpr std::array kEntries = {Entry{"SPEC"_L1, Make<SpecDocument>}, Entry{"TARA"_L1, Make<TaraDocument>},
+                                 Entry{"PREC"_L1, Make<PrecDocument>}, Entry{"LIMI"_L1, Make<LimiDocument>}};
 
 } // namespace
 

@@ -4,6 +4,7 @@
 #include "framework/document/TestDocument.h"
 #include "framework/window/Frame.h"
 #include "validation/DocumentFactory.h"
+#include "validation/calibration/TaraWindow.h"
 #include "validation/limits/LimiWindow.h"
 #include "validation/repeatability/PrecWindow.h"
 #include "validation/specificity/SpecWindow.h"
@@ -28,8 +29,8 @@ struct Entry {
     std::unique_ptr<TestWindow> (*make)(std::unique_ptr<TestDocument>, Frame&);
 };
 
-constexpr std::array kEntries = {Entry{"SPEC"_L1, Make<SpecWindow>}, Entry{"PREC"_L1, Make<PrecWindow>},
-                                 Entry{"LIMI"_L1, Make<LimiWindow>}};
+constexpr std::array kEntries = {Entry{"SPEC"_L1, Make<SpecWindow>}, Entry{"TARA"_L1, Make<TaraWindow>},
+                                 Entry{"PREC"_L1, Make<PrecWindow>}, Entry{"LIMI"_L1, Make<LimiWindow>}};
 
 const Entry* Find(QStringView key)
 {

@@ -99,7 +99,7 @@ private Q_SLOTS:
                                                                    {17, "4,7,5"},
                                                                    {18, "5,7,5"},
                                                                    {19, "6,NIL,5"}})},
-            {"lotto.TAR", "x"},
+            {"lotto.ACC", "x"},
             {"note.txt", "x"},
             {"many/note.txt", "x"},
         };
@@ -222,7 +222,7 @@ private Q_SLOTS:
 
     void OutputThatIsLost()
     {
-        const Run run = RunWith(u"--rewrite $/new $/five.LIM $/curve.PRE $/lotto.TAR"_s, 1);
+        const Run run = RunWith(u"--rewrite $/new $/five.LIM $/curve.PRE $/lotto.ACC"_s, 1);
         QCOMPARE(run.out, Five(u"$/five.LIM"_s));
         QCOMPARE(run.err, u"quorel-batch: uscita standard: impossibile scrivere i risultati\n"_s);
         QCOMPARE(run.status, 1);

@@ -31,7 +31,9 @@ inline const DocumentShape& MadeUpShape()
                    .maximum = 15,
                    .refuses = SizeField::Refuses::Outside,
                    .fallback = SizeField::Fallback::GridRows,
-                   .beeps = true},
+                   .beeps = true,
+                   .countsColumns = true,
+                   .counted = u"gruppi"_s},
                   {.control = "Dimensioni1"_L1,
                    .caption = u"N. dati per gruppo"_s,
                    .initial = u"4"_s,
@@ -60,7 +62,7 @@ inline const DocumentShape& MadeUpShape()
                   {FileLine::Kind::Text, "nDatiTot"_L1, u"N. dati totali"_s},
                   {FileLine::Kind::Blank},
                   {FileLine::Kind::Own, "Livelli"_L1}},
-        .charts = {"VtGrafRegr"_L1, "VtGrafProp"_L1},
+        .charts = {{"VtGrafRegr"_L1}, {"VtGrafProp"_L1, u"Residui"_s}},
         .survives = FailureKind::Overflow,
     };
     return kShape;

@@ -14,6 +14,20 @@ QList<double> NumbersOf(const QString& words)
     return numbers;
 }
 
+namespace
+{
+
+/// "#ff0000"
+ChartColour ColourOf(const QString& word)
+{
+    const QByteArray parts = QByteArray::fromHex(word.sliced(1).toLatin1());
+    return {.red = static_cast<std::uint8_t>(parts[0]),
+            .green = static_cast<std::uint8_t>(parts[1]),
+            .blue = static_cast<std::uint8_t>(parts[2])};
+}
+
+} // namespace
+
 bool ChartStory::Make(const QString& verb, const QString& rest)
 {
     const QList<double> numbers = NumbersOf(rest);
@@ -37,13 +51,22 @@ bool ChartStory::Make(const QString& verb, const QString& rest)
         axis.majorDivisions = rest.toInt();
     } else if (ofAxis == u"-hidden") {
         axis.visible = false;
+    } else if (ofAxis == u"-quantity") {
+        axis.quantity = rest;
     } else if (verb == u"series") {
         const QString how = rest.section(u':', 0, 0);
+        const auto word = [&how](const QString& behind) {
+            return how.section(behind + u' ', 1).section(u' ', 0, 0);
+        };
         m_chart.series.push_back({.name = rest.section(u": "_s, 1),
                                   .line = how.contains(u"line"),
                                   .marks = how.contains(u"marks"),
-                                  .colourGroup = how.section(u"group "_s, 1).section(u' ', 0, 0).toInt(),
+                                  .colourGroup = word(u"group"_s).toInt(),
                                   .fitted = how.contains(u"fitted")});
+        for (const QString& colour : word(u"colours"_s).split(u',', Qt::SkipEmptyParts))
+            m_chart.series.back().colours.push_back(ColourOf(colour));
+        if (const QString colour = word(u"fit-colour"_s); !colour.isEmpty())
+            m_chart.series.back().fitColour = ColourOf(colour);
     } else if (verb == u"label") {
         m_chart.rowLabels += rest;
     } else if (verb == u"row") {

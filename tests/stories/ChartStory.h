@@ -27,9 +27,9 @@ protected:
 private:
     /// Whether this is one of the steps below. False for others.
     ///   chart NAME; bars; title TEXT; footnote TEXT (" / " parts lines); legend
-    ///   x TITLE, y TITLE; x-scale FROM TO; x-divisions COUNT; x-hidden; the same for y
-    ///   series line|marks|fitted|group COUNT... [: NAME]; label TEXT; row NUMBER...; rows COUNT FROM TO: of
-    ///   a roof
+    ///   x TITLE, y TITLE; x-scale FROM TO; x-divisions COUNT; x-hidden; x-quantity WORD; the same for y
+    ///   series line|marks|fitted|group COUNT|colours #RRGGBB,...|fit-colour #RRGGBB... [: NAME]
+    ///   label TEXT; row NUMBER...
     bool Make(const QString& verb, const QString& rest);
 };
 

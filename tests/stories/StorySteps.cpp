@@ -7,6 +7,7 @@
 #include <QContextMenuEvent>
 #include <QDir>
 #include <QFileDialog>
+#include <QHeaderView>
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QMimeData>
@@ -160,20 +161,24 @@ void Story::Type(const QString& text)
     }
 }
 
-/// cell GRID ROW COLUMN [to ROW COLUMN], counted from 1: a click, or a drag over several cells.
+/// cell GRID ROW COLUMN [to ROW COLUMN], counted from 1: a click, or a drag over several cells. Row 0 are the
+/// headers.
 void Story::Cell(const Step& step)
 {
     auto* view = qobject_cast<QTableView*>(Find(step.words[0]));
     if (view == nullptr)
         throw NotDone{u"no grid"_s};
-    const QPoint from = CellMiddle(view, step.words[1], step.words[2]);
-    if (step.verb == u"doublecell") {
-        QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, from);
-        QTest::mouseDClick(view->viewport(), Qt::LeftButton, {}, from);
-        return;
+    QWidget* target = view->viewport();
+    QPoint from = CellMiddle(view, step.words[1], step.words[2]);
+    if (step.words[1] == u"0") {
+        target = view->horizontalHeader()->viewport();
+        const int column = step.words[2].toInt() - 1;
+        from = {view->columnViewportPosition(column) + view->columnWidth(column) / 2, target->height() / 2};
     }
     if (step.words.size() < 6) {
-        QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, from);
+        QTest::mouseClick(target, Qt::LeftButton, {}, from);
+        if (step.verb == u"doublecell")
+            QTest::mouseDClick(target, Qt::LeftButton, {}, from);
         return;
     }
     const QPoint to = CellMiddle(view, step.words[4], step.words[5]);

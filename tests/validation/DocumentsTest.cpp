@@ -95,7 +95,8 @@ private:
 
 QStringList DocumentNames()
 {
-    return QDir(DataFile({})).entryList({u"*.LIM"_s, u"*.PRE"_s, u"*.SPC"_s}, QDir::Files, QDir::Name);
+    return QDir(DataFile({}))
+        .entryList({u"*.LIM"_s, u"*.PRE"_s, u"*.SPC"_s, u"*.TAR"_s}, QDir::Files, QDir::Name);
 }
 
 /// The bytes that the saved lines stand for.

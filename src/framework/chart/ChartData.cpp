@@ -1,5 +1,6 @@
 #include "framework/chart/ChartData.h"
 
+#include "framework/chart/FittedLine.h"
 #include "framework/text/NumberText.h"
 
 #include <algorithm>
@@ -11,13 +12,18 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-/// As many decimals as tell a thousandth of the span apart: what one can see on a screen.
-QString Short(double value, const ChartScale& span, QStringView decSep)
+/// What one can see on a screen is a thousandth of the span; a fitted line is told apart from a point that
+/// seems to lie on it.
+constexpr int kSeenDigits = 3;
+constexpr int kLineDigits = 4;
+
+/// As many decimals as tell parts of the span apart: with 3 digits a thousandth of it.
+QString Short(double value, const ChartScale& span, QStringView decSep, int digits = kSeenDigits)
 {
     const double width = span.maximum - span.minimum;
     if (!(width > 0))
         return GeneralText(value, decSep);
-    const int decimals = static_cast<int>(std::ceil(3 - std::log10(width)));
+    const int decimals = static_cast<int>(std::ceil(digits - std::log10(width)));
     return GeneralText(RoundToDecimals(value, std::max(decimals, 0)), decSep);
 }
 
@@ -58,29 +64,92 @@ QString NearestBar(const ChartData& chart, double x, QStringView decSep)
     return BarText(chart, static_cast<std::size_t>(place) - 1, decSep);
 }
 
-QString NearestPoint(const ChartData& chart, const QPointF& at, QStringView decSep)
+struct Spans {
+    ChartScale x;
+    ChartScale y;
+};
+
+/// A pair of columns, and a row.
+struct Place {
+    std::size_t pair = 0;
+    std::size_t row = 0;
+};
+
+Place NearestPlace(const ChartData& chart, const QPointF& at, const Spans& spans)
 {
-    const ChartScale spanX = SpanOf(chart, 0);
-    const ChartScale spanY = SpanOf(chart, 1);
     const bool alongX = chart.SeriesCount() == 1 && !chart.Series(0).marks;
     double least = std::numeric_limits<double>::infinity();
-    QPointF nearest;
-    QString name;
+    Place nearest;
     for (std::size_t i = 0; i < chart.SeriesCount(); ++i) {
-        for (const auto& row : chart.rows) {
-            const QPointF point(row[2 * i], row[2 * i + 1]);
-            const double distance = std::hypot(Distance(point.x(), at.x(), spanX),
-                                               alongX ? 0 : Distance(point.y(), at.y(), spanY));
+        for (std::size_t row = 0; row < chart.rows.size(); ++row) {
+            const double distance =
+                std::hypot(Distance(chart.rows[row][2 * i], at.x(), spans.x),
+                           alongX ? 0 : Distance(chart.rows[row][2 * i + 1], at.y(), spans.y));
             if (distance < least) {
                 least = distance;
-                nearest = point;
-                name = chart.Series(i).name;
+                nearest = {.pair = i, .row = row};
             }
         }
     }
-    const QString values =
-        u"x = %1; y = %2"_s.arg(Short(nearest.x(), spanX, decSep), Short(nearest.y(), spanY, decSep));
-    return name.isEmpty() ? values : name + u": "_s + values;
+    return nearest;
+}
+
+bool HasQuantities(const ChartData& chart)
+{
+    return !chart.x.quantity.isEmpty() || !chart.y.quantity.isEmpty();
+}
+
+/// "misure", "Gruppo 2", "misure, gruppo 2": what the point belongs to.
+QString OwnerText(const ChartData& chart, const Place& place)
+{
+    const ChartSeries series = chart.Series(place.pair);
+    if (!HasQuantities(chart) || series.colourGroup <= 0)
+        return series.name;
+    const QString number = QString::number(place.row / static_cast<std::size_t>(series.colourGroup) + 1);
+    return series.name.isEmpty() ? u"Gruppo "_s + number : series.name + u", gruppo "_s + number;
+}
+
+QString PointText(const ChartData& chart, const Place& place, const Spans& spans, QStringView decSep)
+{
+    const auto named = [](const ChartAxis& axis, QLatin1StringView letter, const QString& number) {
+        return axis.quantity.isEmpty() ? letter + u" = "_s + number : axis.quantity + u' ' + number;
+    };
+    // Marks are what was measured: as it was typed.
+    const bool whole = HasQuantities(chart) && chart.Series(place.pair).marks;
+    const auto number = [&](double value, const ChartScale& span) {
+        return whole ? GeneralText(value, decSep) : Short(value, span, decSep);
+    };
+    const auto& row = chart.rows[place.row];
+    const double x = row[2 * place.pair];
+    QStringList parts = {named(chart.x, "x"_L1, number(x, spans.x)),
+                         named(chart.y, "y"_L1, number(row[2 * place.pair + 1], spans.y))};
+    if (const auto fit = HasQuantities(chart) ? FitLine(chart, place.pair) : std::nullopt)
+        parts += u"retta "_s + Short(fit->At(x).y(), spans.y, decSep, kLineDigits);
+    const QString owner = OwnerText(chart, place);
+    return (owner.isEmpty() ? QString() : owner + u": "_s) + parts.join(u"; "_s);
+}
+
+QString NearestPoint(const ChartData& chart, const QPointF& at, QStringView decSep)
+{
+    const Spans spans{.x = SpanOf(chart, 0), .y = SpanOf(chart, 1)};
+    return PointText(chart, NearestPlace(chart, at, spans), spans, decSep);
+}
+
+/// "gruppi: 5", "retta (misure): risposta da 1000 a 5000".
+QStringList SeriesTexts(const ChartData& chart, std::size_t i, QStringView decSep)
+{
+    QStringList texts;
+    const ChartSeries series = chart.Series(i);
+    const QString name = series.name.isEmpty() ? QString() : u" (%1)"_s.arg(series.name);
+    if (const auto size = static_cast<std::size_t>(series.colourGroup); series.marks && size > 0)
+        texts += u"gruppi%1: %2"_s.arg(name, QString::number((chart.rows.size() + size - 1) / size));
+    if (const auto fit = FitLine(chart, i)) {
+        const ChartScale span = SpanOf(chart, 1);
+        const auto at = [&](double x) { return Short(fit->At(x).y(), span, decSep, kLineDigits); };
+        const QString quantity = chart.y.quantity.isEmpty() ? QString() : chart.y.quantity + u' ';
+        texts += u"retta%1: %2da %3 a %4"_s.arg(name, quantity, at(fit->low), at(fit->high));
+    }
+    return texts;
 }
 
 QString AxisText(const QString& title, const ChartScale& scale, QStringView decSep)
@@ -137,6 +206,8 @@ QString ChartDescription(const ChartData& chart, QStringView decSep)
     } else if (!chart.series.empty()) {
         parts += AxisText(chart.x.title, SpanOf(chart, 0), decSep);
     }
+    for (std::size_t i = 0; chart.type == ChartType::XY && i < chart.SeriesCount(); ++i)
+        parts += SeriesTexts(chart, i, decSep);
     QStringList names = chart.SeriesNames();
     names.removeAll(QString());
     if (!names.isEmpty())

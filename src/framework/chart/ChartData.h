@@ -6,6 +6,7 @@
 #include <QStringList>
 #include <QStringView>
 
+#include <cstdint>
 #include <optional>
 #include <utility>
 #include <vector>
@@ -22,11 +23,19 @@ struct ChartScale {
     friend bool operator==(const ChartScale&, const ChartScale&) = default;
 };
 
+struct ChartColour {
+    std::uint8_t red = 0;
+    std::uint8_t green = 0;
+    std::uint8_t blue = 0;
+    friend bool operator==(const ChartColour&, const ChartColour&) = default;
+};
+
 struct ChartAxis {
     QString title;
     std::optional<ChartScale> scale; ///< as the data need it where none is set
     int majorDivisions = 0;          ///< 0: as it looks best
     bool visible = true;
+    QString quantity = {}; ///< what a number on it is, within a sentence ("risposta"); empty: x, y
 };
 
 /// How the points of one pair of columns are drawn.
@@ -36,6 +45,8 @@ struct ChartSeries {
     bool marks = false;  ///< a mark at each point
     int colourGroup = 0; ///< so many rows one below the other share form and colour of their marks; 0: all
     bool fitted = false; ///< the least squares line through the points of all rows, over the span of their x
+    std::vector<ChartColour> colours = {};     ///< of the groups, in their order; empty: the program's looks
+    std::optional<ChartColour> fitColour = {}; ///< of a thin fitted line; not set: the program's look
 };
 
 struct ChartData {
@@ -62,7 +73,9 @@ struct ChartData {
 };
 
 /// What stands at a point of the chart, in words: the nearest point of all series, or a bar's numbers. Empty
-/// where nothing is near. at: in the unit of the axes. A curve that stands alone is read along x.
+/// where nothing is near. at: in the unit of the axes. A curve that stands alone is read along x. Where the
+/// axes have quantities, a point is told with its group, counted from 1, and with the fitted line's value at
+/// its x.
 QString ChartValueText(const ChartData& chart, const QPointF& at, QStringView decSep);
 
 /// Where a reader stops: at the points, series by series, or at the bars' marks. In the unit of the axes.

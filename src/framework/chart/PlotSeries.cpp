@@ -1,5 +1,6 @@
 #include "framework/chart/PlotSeries.h"
 
+#include "framework/chart/FittedLine.h"
 #include "framework/chart/PlotHatch.h"
 #include "framework/chart/PlotTicks.h"
 
@@ -9,14 +10,20 @@
 #include <array>
 #include <cmath>
 #include <optional>
+#include <span>
 
 namespace
 {
 
 constexpr double kLineWidth = 2;
 constexpr double kFitWidth = 1.5;
+constexpr double kThinFitWidth = 1;
 constexpr double kMarkWidth = 1.25;
 constexpr double kMarkSize = 8;
+/// Of many marks each is smaller: those of a group lie close together.
+constexpr std::size_t kMany = 100;
+constexpr double kSmallMarkWidth = 1;
+constexpr double kSmallMarkSize = 6;
 constexpr int kMarkOpacity = 80; ///< of 255: marks that lie on each other are all seen
 
 constexpr double kBarWidth = 0.4;
@@ -53,48 +60,36 @@ const Look& LookOf(std::size_t index)
     return kLooks[index % kLooks.size()];
 }
 
-QColor Translucent(QRgb color, int opacity)
+QColor ColorOf(ChartColour colour)
+{
+    return {colour.red, colour.green, colour.blue};
+}
+
+QColor Translucent(const QColor& color, int opacity)
 {
     QColor translucent(color);
     translucent.setAlpha(opacity);
     return translucent;
 }
 
-QCPScatterStyle MarkOf(std::size_t index)
+QCPScatterStyle MarkOf(std::size_t index, const QColor& color, bool isSmall)
 {
-    const QRgb color = LookOf(index).color;
-    return {kForms[index % kForms.size()], QPen(QColor(color), kMarkWidth),
-            QBrush(Translucent(color, kMarkOpacity)), kMarkSize};
+    return {kForms[index % kForms.size()], QPen(color, isSmall ? kSmallMarkWidth : kMarkWidth),
+            QBrush(Translucent(color, kMarkOpacity)), isSmall ? kSmallMarkSize : kMarkSize};
 }
 
-struct Line {
-    QPointF from;
-    QPointF to;
-};
-
-/// The least squares line through the points of pair i, over the span of their x; nothing where that has no
-/// width.
-std::optional<Line> FittedLine(const ChartData& chart, std::size_t i)
+/// Of a group of marks: one of those given, or its look's.
+QColor GroupColor(std::span<const ChartColour> given, std::size_t group, std::size_t look)
 {
-    const auto count = static_cast<double>(chart.rows.size());
-    QPointF mean;
-    for (const auto& row : chart.rows)
-        mean += QPointF(row[2 * i], row[2 * i + 1]) / count;
-    double xx = 0;
-    double xy = 0;
-    double low = mean.x();
-    double high = mean.x();
-    for (const auto& row : chart.rows) {
-        const double x = row[2 * i] - mean.x();
-        xx += x * x;
-        xy += x * (row[2 * i + 1] - mean.y());
-        low = std::min(low, row[2 * i]);
-        high = std::max(high, row[2 * i]);
-    }
-    if (!(xx > 0))
-        return std::nullopt;
-    const auto at = [&](double x) { return QPointF(x, mean.y() + xy / xx * (x - mean.x())); };
-    return Line{at(low), at(high)};
+    return group < given.size() ? ColorOf(given[group]) : QColor(LookOf(look + group).color);
+}
+
+/// A line that lies below groups is of no group's colour.
+QPen FitPen(const ChartSeries& series, const Look& own, std::size_t groups)
+{
+    if (series.fitColour)
+        return {ColorOf(*series.fitColour), kThinFitWidth, own.line};
+    return {groups > 1 ? QColor(Qt::black) : QColor(own.color), kFitWidth, own.line};
 }
 
 /// A line without what lies outside of the axes: the library leads it around them, for fillings, which
@@ -193,16 +188,15 @@ std::size_t AddPair(QCustomPlot& plot, const ChartData& chart, std::size_t i, st
     const std::size_t groups = (rows + size - 1) / size;
     const Look& own = LookOf(look);
     QCPCurve* named = nullptr; // what stands in the legend
-    if (const auto fit = series.fitted ? FittedLine(chart, i) : std::nullopt)
-        named = AddLine(plot, {fit->from, fit->to},
-                        QPen(groups > 1 ? QColor(Qt::black) : QColor(own.color), kFitWidth, own.line));
+    if (const auto fit = FitLine(chart, i))
+        named = AddLine(plot, {fit->At(fit->low), fit->At(fit->high)}, FitPen(series, own, groups));
     if (series.line)
         named = AddLineOrPoint(plot, Points(chart, i, 0, rows), own);
     for (std::size_t group = 0; series.marks && group < groups; ++group) {
         // Marks of one look belong to their line, in the legend, too.
         QCPCurve* marks =
             series.line && groups == 1 ? named : AddCurve(plot, Points(chart, i, group * size, size));
-        marks->setScatterStyle(MarkOf(look + group));
+        marks->setScatterStyle(MarkOf(look + group, GroupColor(series.colours, group, look), rows > kMany));
         if (group == 0)
             named = marks;
     }
@@ -221,7 +215,7 @@ public:
         : QCPBars(plot.xAxis, plot.yAxis), m_place(place), m_lowest(lowest), m_highest(highest), m_look(look)
     {
         setPen(QPen(QColor(look.color), kBarPen));
-        setBrush(QBrush(Translucent(look.color, kBarOpacity)));
+        setBrush(QBrush(Translucent(QColor(look.color), kBarOpacity)));
     }
 
 protected:
@@ -329,9 +323,9 @@ ChartSpans SpansOf(const ChartData& chart)
             (bars || col % 2 == 1 ? y : x).Add(row[col]);
     }
     for (std::size_t i = 0; !bars && i < chart.SeriesCount(); ++i) {
-        if (const auto fit = chart.Series(i).fitted ? FittedLine(chart, i) : std::nullopt) {
-            y.Add(fit->from.y());
-            y.Add(fit->to.y());
+        if (const auto fit = FitLine(chart, i)) {
+            y.Add(fit->At(fit->low).y());
+            y.Add(fit->At(fit->high).y());
         }
     }
     return {.x = x.WithRoom(), .y = y.WithRoom()};

@@ -38,7 +38,9 @@ struct SizeField {
     bool modifies = true;
     static constexpr int kNoColumn = -1;
     static constexpr int kAllColumns = -2;
-    int rowsOf = kNoColumn; ///< the column of the grids whose rows it counts
+    int rowsOf = kNoColumn;                             ///< the column of the grids whose rows it counts
+    bool countsColumns = false;                         ///< of the grids
+    QString counted = QStringLiteral("determinazioni"); ///< what it counts, in the plural
 
     QString MinimumCaption() const { return QStringLiteral("(min. %1)").arg(shownMinimum.value_or(minimum)); }
 };
@@ -76,10 +78,16 @@ struct TableShape {
     QStringList reset = {};
 };
 
+struct ChartShape {
+    QLatin1StringView control;
+    QString caption = QStringLiteral("Grafico"); ///< what a screen reader calls it
+};
+
 /// Lives as long as the program.
 struct DocumentShape {
     QLatin1StringView key;
-    int inputs = 4; ///< header fields: all four, or those without the unit
+    int inputs = 4;            ///< header fields: all four, or those without the unit
+    bool inputsSelect = false; ///< a header field that gets the focus selects all of its text
     QString initialUnit = {};
     int grids = 1;
     bool headersAreData = false; ///< the column headers of the first grid are numbers that the user types
@@ -95,7 +103,7 @@ struct DocumentShape {
     std::vector<Field> fields;
     std::vector<TableShape> tables = {};
     std::vector<FileLine> lines;
-    std::vector<QLatin1StringView> charts = {}; ///< their names
+    std::vector<ChartShape> charts = {};
     int conclusions = 1; ///< how many texts of conclusions a calculation gives in each language
     bool verdict = false;
     /// A failure of which the user is told, and after which the program goes on.

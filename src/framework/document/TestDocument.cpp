@@ -52,7 +52,6 @@ TestDocument::TestDocument(const DocumentShape& shape, const DocumentContext& co
             }
         });
     }
-    m_grids.front()->Edits().SetHeadersEditable(shape.headersAreData);
     for (const TableShape& table : shape.tables)
         m_tables.push_back(new TextTable(table, this));
     const QStringList none(shape.conclusions, QString());
@@ -135,7 +134,7 @@ TextTable* TestDocument::Table(QAnyStringView control) const
 
 ChartData TestDocument::Chart(std::size_t index, Language /*language*/) const
 {
-    return ChartData(m_shape.charts[index]);
+    return ChartData(m_shape.charts[index].control);
 }
 
 QString TestDocument::ChartFootnote(Language language) const
@@ -255,6 +254,7 @@ void TestDocument::Renew()
 {
     ResetDocument();
     ResizeGrid();
+    Q_EMIT Changed();
 }
 
 CalcEnd TestDocument::Calc()

@@ -83,9 +83,14 @@ public:
     /// focus back.
     [[nodiscard]] bool LeaveSize(QLatin1StringView control);
 
-    /// Whether a grid would hold all rows of a block if its size fields had another number.
-    bool CanHoldRows(const DataGrid& grid, const GridBlock& block) const;
-    /// Gives the fields that number and pastes a text into the block, in one step.
+    /// A size field, and a larger number for it.
+    struct Growth {
+        const SizeField* field;
+        int number;
+    };
+    /// With what sizes a grid would hold all of a block. None where it does already, or can't.
+    std::vector<Growth> GrowthFor(const DataGrid& grid, const GridBlock& block) const;
+    /// Gives the fields those numbers and pastes a text into the block, in one step.
     PasteCount PasteWhole(DataGrid& grid, const GridBlock& block, const QString& text);
 
     /// Takes the last step in a grid or a size field back, or does it again. False when there is none. Fails
@@ -220,6 +225,8 @@ protected:
     virtual void CalcCharts() {}
     virtual void ReadOwnLine(QLatin1StringView /*control*/, const QString& /*text*/) {}
     virtual QString WriteOwnLine(QLatin1StringView /*control*/) const { return {}; }
+    /// What the next reading is expected to find, for ReadNotice: "una riga di dati".
+    void Expect(const QString& what) { m_readStop.expected = what; }
     /// What follows the lines of the shape: sizes the grids and reads their rows. fieldCount: what the file's
     /// head says.
     virtual void ReadBody(DataFileReader& reader, int fieldCount) = 0;
@@ -273,7 +280,7 @@ private:
     bool EndSizing();
     bool DropUnapplied();
     bool Turn(bool (History::*turn)());
-    std::vector<const SizeField*> RowFields(const GridBlock& block) const;
+    static int NeededBy(const SizeField& field, const GridBlock& block);
     /// Something that results came from is another one now.
     void NoteChange();
     /// The number in a size field's text, 0 where it is none.

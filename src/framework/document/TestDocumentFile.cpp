@@ -13,6 +13,7 @@
 
 #include <QScopeGuard>
 
+#include <algorithm>
 #include <memory>
 
 using namespace Qt::StringLiterals;
@@ -22,6 +23,7 @@ using namespace Qt::StringLiterals;
 namespace
 {
 constexpr qsizetype kLongestFound = 40;
+constexpr double kMostSize = 32767;
 const QString kFieldsExpected = u"la quantità di campi di una riga"_s;
 } // namespace
 
@@ -54,20 +56,26 @@ void TestDocument::NoteStop(const DataFileReader& reader)
         NoteSizeStop();
 }
 
-/// No row was read, because a size among the lines of the head is none.
+/// No row was read, because a size among the lines of the head is none, or because all of them together ask
+/// for too many cells.
 void TestDocument::NoteSizeStop()
 {
+    constexpr double kLeast = -0.5; // rounds to 0
+    QStringList sizes;
     for (std::size_t i = 0; i < m_shape.lines.size(); ++i) {
         const FileLine& line = m_shape.lines[i];
-        const bool size = m_fields.Has(line.control) && m_fields[line.control].kind == FieldKind::Size;
-        bool number = false;
-        if (!size || (ControlText(line.control).toShort(&number) >= 0 && number))
+        if (std::ranges::find(m_shape.sizes, line.control, &SizeField::control) == m_shape.sizes.end())
             continue;
-        m_readStop.found = ControlText(line.control);
+        sizes += ControlText(line.control);
+        m_readStop.found = sizes.constLast();
         m_readStop.foundAt = m_readStop.lastOfHead - static_cast<int>(m_shape.lines.size() - 1 - i);
         m_readStop.expected = u"la quantità \"%1\""_s.arg(m_fields[line.control].caption);
-        return;
+        const auto number = NumberIn(sizes.constLast(), m_context.define.DecSep);
+        if (!number || *number < kLeast || *number > kMostSize)
+            return;
     }
+    m_readStop.found = sizes.join(u" x "_s);
+    m_readStop.expected = u"una griglia di al più %1 celle"_s.arg(GridCells::kMostCells);
 }
 
 QString TestDocument::ReadNotice() const
@@ -112,15 +120,15 @@ void TestDocument::WriteToFile(const QString& fileName)
 /// count of comma-separated fields in each row. Builds the number format.
 int TestDocument::ReadHead(DataFileReader& reader, Digits& digits)
 {
-    m_readStop.expected = kFieldsExpected;
+    Expect(kFieldsExpected);
     QString count = FromCodePage(reader.ReadField());
     const bool marked = count == m_context.define.FileMarker;
     if (marked) {
-        m_readStop.expected = u"la quantità di interi, da 1 in su"_s;
+        Expect(u"la quantità di interi, da 1 in su"_s);
         digits.interi = CountIn(FromCodePage(reader.ReadField()));
         if (digits.interi < 1)
             throw RuntimeFailure(FailureKind::InvalidArgument);
-        m_readStop.expected = u"la quantità di decimali, da 0 in su"_s;
+        Expect(u"la quantità di decimali, da 0 in su"_s);
         digits.decimali = CountIn(FromCodePage(reader.ReadField()));
         if (digits.decimali < 0)
             throw RuntimeFailure(FailureKind::InvalidArgument);
@@ -128,7 +136,7 @@ int TestDocument::ReadHead(DataFileReader& reader, Digits& digits)
         digits = m_shape.olderDigits.value_or(m_shape.digits);
     }
     BuildNumberFormat(digits);
-    m_readStop.expected = kFieldsExpected;
+    Expect(kFieldsExpected);
     if (marked)
         count = FromCodePage(reader.ReadField());
     return CountIn(count);
@@ -139,7 +147,7 @@ void TestDocument::ReadLines(DataFileReader& reader)
     Digits digits;
     const int fieldCount = ReadHead(reader, digits);
     QStringList inputs;
-    m_readStop.expected = u"una riga dell'intestazione"_s;
+    Expect(u"una riga dell'intestazione"_s);
     while (inputs.size() < kMostInputs)
         inputs.append(TrimBlanks(reader.ReadLine()));
     QStringList texts;
@@ -150,7 +158,7 @@ void TestDocument::ReadLines(DataFileReader& reader)
     ShowInputs();
     for (qsizetype i = 0; i < texts.size(); ++i)
         ReadFileLine(m_shape.lines[static_cast<std::size_t>(i)], texts[i]);
-    m_readStop.expected = u"una riga di dati"_s;
+    Expect(u"una riga di dati"_s);
     m_readStop.lastOfHead = reader.Line();
     ReadBody(reader, fieldCount);
     SetDigits(digits);

@@ -162,36 +162,43 @@ bool TestDocument::Turn(bool (History::*turn)())
     return (dropped && typed) || (m_history.*turn)(); // what was typed in vain was all there was to take back
 }
 
-std::vector<const SizeField*> TestDocument::RowFields(const GridBlock& block) const
+/// The least number with which a field lets the grids hold a block; 0 for a field that the block is nothing
+/// to.
+int TestDocument::NeededBy(const SizeField& field, const GridBlock& block)
 {
-    std::vector<const SizeField*> fields;
-    for (const SizeField& field : m_shape.sizes) {
-        if (field.rowsOf == SizeField::kAllColumns ||
-            (field.rowsOf >= block.col && field.rowsOf < block.col + block.cols))
-            fields.push_back(&field);
-    }
-    return fields;
+    if (field.countsColumns)
+        return block.col + block.cols;
+    const bool rows = field.rowsOf == SizeField::kAllColumns ||
+                      (field.rowsOf >= block.col && field.rowsOf < block.col + block.cols);
+    return rows ? block.row + block.rows : 0;
 }
 
-bool TestDocument::CanHoldRows(const DataGrid& grid, const GridBlock& block) const
+std::vector<TestDocument::Growth> TestDocument::GrowthFor(const DataGrid& grid, const GridBlock& block) const
 {
+    std::vector<Growth> growth;
+    int cols = grid.Cols();
+    for (const SizeField& field : m_shape.sizes) {
+        const int needed = NeededBy(field, block);
+        if (needed <= SizeNumber(field.control))
+            continue;
+        if (!Applies(field, needed) || needed > kMostTyped)
+            return {};
+        growth.push_back({&field, needed});
+        if (field.countsColumns)
+            cols = needed;
+    }
     const int rows = block.row + block.rows;
-    const int cols = grid.Cols();
-    const auto fields = RowFields(block);
-    const auto takes = [rows](const SizeField* field) { return Applies(*field, rows); };
-    const auto lacks = [&](const SizeField* field) { return SizeNumber(field->control) < rows; };
-    return block.col + block.cols <= cols && rows <= kMostTyped && rows <= GridCells::kMostCells / cols &&
-           std::ranges::all_of(fields, takes) && std::ranges::any_of(fields, lacks);
+    if (block.col + block.cols > cols || rows > GridCells::kMostCells / cols)
+        return {};
+    return growth;
 }
 
 PasteCount TestDocument::PasteWhole(DataGrid& grid, const GridBlock& block, const QString& text)
 {
     EndSizing();
     const History::Group group(m_history);
-    const int rows = block.row + block.rows;
-    for (const SizeField* field : RowFields(block)) {
-        if (SizeNumber(field->control) < rows)
-            TypeSize(field->control, QString::number(rows));
+    for (const Growth& each : GrowthFor(grid, block)) {
+        TypeSize(each.field->control, QString::number(each.number));
         EndSizing();
     }
     return grid.Edits().PasteText(block.row, block.col, text);

@@ -56,7 +56,11 @@ int TextTable::columnCount(const QModelIndex& parent) const
 
 QVariant TextTable::data(const QModelIndex& index, int role) const
 {
-    return index.isValid() && role == Qt::DisplayRole ? m_rows[index.row()][index.column()] : QVariant();
+    if (!index.isValid())
+        return {};
+    if (role == Qt::TextAlignmentRole)
+        return QVariant::fromValue(Qt::AlignRight | Qt::AlignVCenter);
+    return role == Qt::DisplayRole ? m_rows[index.row()][index.column()] : QVariant();
 }
 
 QVariant TextTable::headerData(int section, Qt::Orientation orientation, int role) const

@@ -172,9 +172,3 @@ bool DataGrid::setData(const QModelIndex& index, const QVariant& value, int role
     return index.isValid() && role == Qt::EditRole &&
            m_edits.TypeText(index.row(), index.column(), value.toString());
 }
-
-bool DataGrid::setHeaderData(int section, Qt::Orientation orientation, const QVariant& value, int role)
-{
-    return orientation == Qt::Horizontal && role == Qt::EditRole &&
-           m_edits.TypeHeader(section, value.toString());
-}

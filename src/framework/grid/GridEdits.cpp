@@ -50,24 +50,22 @@ bool HoldsTextsAlone(const QStringList& row)
            std::ranges::none_of(row, [](const QString& text) { return TypedNumber(text).has_value(); });
 }
 
-/// The texts of a pasted row, or of a pasted column.
-QStringList OneLine(const QString& text)
-{
-    const QList<QStringList> rows = ParseTabText(text);
-    const bool column = std::ranges::all_of(rows, [](const QStringList& row) { return row.size() == 1; });
-    if (!column)
-        return rows.constFirst();
-    QStringList line;
-    for (const QStringList& row : rows)
-        line += row;
-    return line;
-}
-
 } // namespace
 
 GridEdits::GridEdits(GridCells& cells, const CellFormat& format, GridWatcher& watcher, History& history)
     : m_cells(cells), m_format(format), m_watcher(watcher), m_history(history)
 {
+}
+
+/// A row of texts, where there is but one column for it, goes down that column.
+QList<QStringList> GridEdits::Turned(const QList<QStringList>& rows) const
+{
+    if (m_cells.Cols() != 1 || rows.size() != 1)
+        return rows;
+    QList<QStringList> column;
+    for (const QString& text : rows.constFirst())
+        column += QStringList(text);
+    return column;
 }
 
 /// Notes a cell's change, where it is one.
@@ -76,14 +74,6 @@ void GridEdits::Add(CellChanges& step, int row, int col, std::optional<double> v
     const auto before = m_cells.Value(row, col);
     if (before != value && !m_cells.locked[m_cells.Place(row, col)])
         step.push_back({.row = row, .col = col, .before = before, .after = value});
-}
-
-void GridEdits::Add(HeaderChanges& step, int col, const QString& text) const
-{
-    const QString& before = m_cells.headers[col];
-    const QString after = m_format.Text(m_format.Number(text));
-    if (before != after)
-        step.push_back({.col = col, .before = before, .after = after});
 }
 
 template<typename Changes>
@@ -176,7 +166,7 @@ QString GridEdits::BlockText(const GridBlock& block) const
 
 PasteCount GridEdits::PasteText(int row, int col, const QString& text)
 {
-    const QList<QStringList> rows = ParseTabText(text);
+    const QList<QStringList> rows = Turned(ParseTabText(text));
     PasteCount count{.block = {.row = row, .col = col, .rows = static_cast<int>(rows.size()), .cols = 0},
                      .headed = rows.size() > 1 && HoldsTextsAlone(rows.constFirst())};
     CellChanges step;
@@ -251,30 +241,12 @@ void GridEdits::MoveBlock(const GridBlock& from, int row, int col, bool copy)
     Do(std::move(step));
 }
 
-bool GridEdits::TypeHeader(int col, const QString& text)
+void GridEdits::SetHeaders(const QStringList& texts)
 {
-    if (!m_headersEditable || col < 0 || col >= m_cells.Cols())
-        return false;
-    if (text == m_cells.headers[col])
-        return true;
-    if (!m_format.Accepts(text))
-        return false;
     HeaderChanges step;
-    Add(step, col, text);
-    Do(std::move(step));
-    return true;
-}
-
-PasteCount GridEdits::PasteHeaders(int col, const QString& text)
-{
-    PasteCount count;
-    HeaderChanges step;
-    int to = col;
-    for (const QString& header : text.isEmpty() ? QStringList() : OneLine(text)) {
-        if (Take(count, header, 0, to, m_headersEditable && to < m_cells.Cols()))
-            Add(step, to, header);
-        ++to;
+    for (int col = 0; col < std::min<qsizetype>(m_cells.Cols(), texts.size()); ++col) {
+        if (m_cells.headers[col] != texts[col])
+            step.push_back({.col = col, .before = m_cells.headers[col], .after = texts[col]});
     }
     Do(std::move(step));
-    return count;
 }

@@ -5,6 +5,7 @@
 #include "framework/grid/GridCells.h"
 #include "framework/grid/History.h"
 
+#include <QList>
 #include <QString>
 #include <QStringList>
 
@@ -90,7 +91,8 @@ public:
     /// The cells' texts, as MakeTabText puts them.
     QString BlockText(const GridBlock& block) const;
     /// Fills the cells from this one on, to the right and down, as far as the grid goes. Cells keep what they
-    /// had where the text for them is not accepted; an empty text empties its cell.
+    /// had where the text for them is not accepted; an empty text empties its cell. A row of texts goes down
+    /// a grid of one column.
     PasteCount PasteText(int row, int col, const QString& text);
     /// Whether a cell holds a number in the place where a block would go, its own cells apart.
     bool Overwrites(const GridBlock& from, int row, int col) const;
@@ -98,21 +100,15 @@ public:
     /// empty.
     void MoveBlock(const GridBlock& from, int row, int col, bool copy);
 
-    // Headers that are data: numbers, shown and limited as the cells are.
-    bool HeadersEditable() const { return m_headersEditable; }
-    void SetHeadersEditable(bool editable) { m_headersEditable = editable; }
-    /// As TypeText.
-    bool TypeHeader(int col, const QString& text);
-    /// The first row of a pasted text, from this column on; or its first column, where it is no more than
-    /// that.
-    PasteCount PasteHeaders(int col, const QString& text);
+    /// Headers that are data, from the first column on, as they are; the user typed them elsewhere.
+    void SetHeaders(const QStringList& texts);
 
 private:
     using CellChanges = std::vector<CellChange>;
     using HeaderChanges = std::vector<HeaderChange>;
 
+    QList<QStringList> Turned(const QList<QStringList>& rows) const;
     void Add(CellChanges& step, int row, int col, std::optional<double> value) const;
-    void Add(HeaderChanges& step, int col, const QString& text) const;
     /// A text that its cell takes: a number, or nothing for a blank one.
     struct TakenText {
         std::optional<double> number;
@@ -128,5 +124,4 @@ private:
     GridWatcher& m_watcher;
     History& m_history;
     bool m_changeMade = false;
-    bool m_headersEditable = false;
 };

@@ -37,6 +37,15 @@ QString TrimBlanks(QStringView text)
     return text.toString();
 }
 
+QString CenterStr(const QString& text, qsizetype width)
+{
+    if (text.size() >= width)
+        return text;
+    const QString blanks((width - text.size()) / 2, u' ');
+    const QString centred = blanks + text + blanks;
+    return centred.size() < (text.size() | width) ? u' ' + centred : centred;
+}
+
 QString InOneLine(QString text)
 {
     for (const QLatin1StringView other : {"\r\n"_L1, "\n"_L1, "\r"_L1, "\t"_L1})

@@ -16,6 +16,11 @@ QString ReplaceStr(QString&& text, const QString& search, const QString& replace
 /// text without the blanks at both ends; other white space stays.
 QString TrimBlanks(QStringView text);
 
+/// text between blanks, for a cell of this width in characters; unchanged where it fills the cell. An odd
+/// blank stands in front.
+/// Deliberate: whether there is an odd one is asked of the bits of both lengths.
+QString CenterStr(const QString& text, qsizetype width);
+
 /// text as one line: line ends and tabs become blanks.
 QString InOneLine(QString text);
 

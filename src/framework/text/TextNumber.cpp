@@ -103,6 +103,14 @@ std::optional<Plain> PlainNumber(QStringView text, QStringView decSep)
     return plain;
 }
 
+/// All of text as a number; of no length where it is none.
+Parsed ParseWhole(QStringView text, QStringView decSep)
+{
+    const auto plain = PlainNumber(text, decSep);
+    const Parsed parsed = plain ? ParseStart(QByteArrayView(plain->constData(), plain->size())) : Parsed();
+    return parsed.length == (plain ? plain->size() : 0) ? parsed : Parsed();
+}
+
 /// The digits in front of the decimal separator, grouped by `separator` in threes, without it; or nothing.
 std::optional<QString> Ungrouped(QStringView whole, QChar separator)
 {
@@ -142,11 +150,16 @@ std::optional<QString> WithPointAlone(QStringView text)
 
 double TextToDouble(QStringView text, QStringView decSep)
 {
-    const auto plain = PlainNumber(TrimBlanks(text), decSep);
-    const Parsed parsed = plain ? ParseStart(QByteArrayView(plain->constData(), plain->size())) : Parsed();
-    if (parsed.length == 0 || parsed.length != plain->size())
+    const Parsed parsed = ParseWhole(TrimBlanks(text), decSep);
+    if (parsed.length == 0)
         throw RuntimeFailure(FailureKind::TypeMismatch);
     return ValueOf(parsed);
+}
+
+std::optional<double> NumberIn(QStringView text, QStringView decSep)
+{
+    const Parsed parsed = ParseWhole(TrimBlanks(text), decSep);
+    return parsed.length == 0 || parsed.tooLarge ? std::nullopt : std::optional(parsed.value);
 }
 
 std::int16_t TextToInt16(QStringView text, QStringView decSep)
@@ -168,9 +181,5 @@ double PointTextToDouble(QByteArrayView text)
 std::optional<double> TypedNumber(QStringView text)
 {
     const auto pointed = WithPointAlone(text.trimmed());
-    const auto plain = pointed ? PlainNumber(*pointed, u".") : std::nullopt;
-    const Parsed parsed = plain ? ParseStart(QByteArrayView(plain->constData(), plain->size())) : Parsed();
-    if (parsed.length == 0 || parsed.length != plain->size() || parsed.tooLarge)
-        return std::nullopt;
-    return parsed.value;
+    return pointed ? NumberIn(*pointed, u".") : std::nullopt;
 }

@@ -11,6 +11,9 @@
 /// Fails: TypeMismatch for an empty text or one that is no number, Overflow beyond the range of doubles.
 double TextToDouble(QStringView text, QStringView decSep);
 
+/// The same number, or nothing where there would be a failure.
+std::optional<double> NumberIn(QStringView text, QStringView decSep);
+
 /// As TextToDouble, rounded half to even. Fails with Overflow outside -32768 to 32767, too.
 std::int16_t TextToInt16(QStringView text, QStringView decSep);
 

@@ -4,18 +4,44 @@
 #include "framework/document/TestDocument.h"
 
 #include <QHBoxLayout>
+#include <QLabel>
+#include <QVBoxLayout>
 
-#include <algorithm>
 #include <utility>
 
-ChartPage::ChartPage(const TestDocument& document, const QString& caption) : m_document(document)
+using namespace Qt::StringLiterals;
+
+namespace
 {
-    auto* layout = new QHBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
-    for (const QLatin1StringView name : document.Shape().charts) {
-        auto* chart = new ChartView(name, caption, document.Context());
-        chart->SetEnlargeable(document.Shape().charts.size() > 1);
-        connect(chart, &ChartView::EnlargeAsked, this, [this, chart] { Enlarge(chart); });
+
+constexpr int kAboveWayBack = 4;
+
+QLabel* WayBackLabel()
+{
+    auto* label = new QLabel;
+    label->setObjectName(u"Ritorno"_s);
+    label->setAlignment(Qt::AlignCenter);
+    label->setContentsMargins(0, kAboveWayBack, 0, 0);
+    label->hide();
+    return label;
+}
+
+} // namespace
+
+ChartPage::ChartPage(const TestDocument& document) : m_document(document)
+{
+    const bool isPair = document.Shape().charts.size() > 1;
+    auto* page = new QVBoxLayout(this);
+    page->setContentsMargins(0, 0, 0, 0);
+    if (isPair)
+        page->addWidget(m_wayBack = WayBackLabel());
+    auto* layout = new QHBoxLayout;
+    page->addLayout(layout, 1);
+    for (const ChartShape& shape : document.Shape().charts) {
+        auto* chart = new ChartView(shape.control, shape.caption, document.Context());
+        chart->SetPlace(isPair ? ChartPlace::Beside : ChartPlace::Alone);
+        connect(chart, &ChartView::TurnAsked, this, [this, chart] { Turn(chart); });
+        connect(chart, &ChartView::AnotherSeen, this, &ChartPage::SayWayBack);
         layout->addWidget(chart, 1);
         m_charts.append(chart);
     }
@@ -33,10 +59,22 @@ void ChartPage::Refresh()
         m_charts[next++]->ShowChart(chart);
 }
 
-void ChartPage::Enlarge(ChartView* chart)
+void ChartPage::Turn(ChartView* chart)
 {
-    const bool alone = std::ranges::all_of(
-        m_charts, [chart](const ChartView* other) { return other == chart || other->isHidden(); });
-    for (ChartView* other : std::as_const(m_charts))
-        other->setVisible(alone || other == chart);
+    m_enlarged = m_enlarged == chart ? nullptr : chart;
+    for (ChartView* each : std::as_const(m_charts)) {
+        each->setVisible(m_enlarged == nullptr || each == m_enlarged);
+        each->SetPlace(each == m_enlarged ? ChartPlace::Enlarged : ChartPlace::Beside);
+    }
+    SayWayBack();
+    m_wayBack->setVisible(m_enlarged != nullptr);
+}
+
+/// While part of the chart is out of view a double click shows all of it.
+void ChartPage::SayWayBack()
+{
+    if (m_enlarged == nullptr)
+        return;
+    const QString how = m_enlarged->IsFitted() ? u"Doppio clic, Esc o Invio"_s : u"Esc o Invio"_s;
+    m_wayBack->setText(how + u" per affiancare di nuovo i grafici"_s);
 }

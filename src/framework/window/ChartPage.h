@@ -1,4 +1,5 @@
-// A page of charts: one, or two beside each other, of which each can take the whole page.
+// A page of charts: one, or two beside each other, of which each can take the whole page. A line then says
+// how to put it back.
 #pragma once
 
 #include "framework/window/ChartView.h"
@@ -7,6 +8,7 @@
 #include <QString>
 #include <QWidget>
 
+class QLabel;
 class TestDocument;
 
 class ChartPage : public QWidget
@@ -14,17 +16,20 @@ class ChartPage : public QWidget
     Q_OBJECT
 
 public:
-    /// All charts of the document, which outlives the page. caption: what a screen reader says.
-    ChartPage(const TestDocument& document, const QString& caption);
+    /// All charts of the document, which outlives the page.
+    explicit ChartPage(const TestDocument& document);
 
     /// Shows what the charts of the document show now.
     void Refresh();
 
 private:
-    /// One chart alone, or all again where it is alone.
-    void Enlarge(ChartView* chart);
+    /// Enlarges this chart, or puts it back beside the other.
+    void Turn(ChartView* chart);
+    void SayWayBack();
 
     const TestDocument& m_document;
+    QLabel* m_wayBack = nullptr; ///< of a pair
     QList<ChartView*> m_charts;
-    int m_shown = -1; ///< the state of the charts that are seen
+    ChartView* m_enlarged = nullptr; ///< of a pair, while it takes the page
+    int m_shown = -1;                ///< the state of the charts that are seen
 };

@@ -11,9 +11,9 @@
 #include "stats/RuntimeFailure.h"
 
 #include <QAccessibleWidget>
+#include <QApplication>
 #include <QClipboard>
 #include <QContextMenuEvent>
-#include <QGuiApplication>
 #include <QImage>
 #include <QMenu>
 #include <QPainter>
@@ -72,6 +72,7 @@ void ChartView::ShowChart(const ChartData& chart)
     m_notice->hide();
     Describe();
     update();
+    Q_EMIT AnotherSeen();
 }
 
 void ChartView::SetResults(ResultState results)
@@ -80,6 +81,24 @@ void ChartView::SetResults(ResultState results)
         return;
     Describe();
     update();
+}
+
+void ChartView::SetPlace(ChartPlace place)
+{
+    m_place = place;
+    Describe();
+}
+
+/// There is nothing to enlarge where there is no chart.
+bool ChartView::CanTurn() const
+{
+    return m_place == ChartPlace::Enlarged || (m_place == ChartPlace::Beside && !m_chart.IsEmpty());
+}
+
+bool ChartView::IsFitted()
+{
+    const ChartPainter* chart = Painter();
+    return chart == nullptr || chart->IsFitted();
 }
 
 bool ChartView::IsStale() const
@@ -97,8 +116,13 @@ QString ChartView::Hint() const
 
 void ChartView::Describe()
 {
-    const QString shown = m_chart.IsEmpty() ? Hint() : ChartDescription(m_chart, m_context.define.DecSep);
-    setAccessibleDescription(IsStale() ? kStaleResults + u"; "_s + shown : shown);
+    QStringList parts = {m_chart.IsEmpty() ? Hint() : ChartDescription(m_chart, m_context.define.DecSep)};
+    if (IsStale())
+        parts.prepend(kStaleResults);
+    if (CanTurn())
+        parts +=
+            m_place == ChartPlace::Enlarged ? u"Esc o Invio per affiancare"_s : u"Invio per ingrandire"_s;
+    setAccessibleDescription(parts.join(u"; "_s));
 }
 
 ChartPainter* ChartView::Painter()
@@ -143,6 +167,7 @@ void ChartView::Seen()
         m_notice->PlaceIn(chart->LayOut(size()));
     m_notice->setVisible(isCut);
     update();
+    Q_EMIT AnotherSeen();
 }
 
 void ChartView::ZoomAt(const QPointF& at, double factor)
@@ -194,18 +219,21 @@ void ChartView::mousePressEvent(QMouseEvent* event)
     const ChartPainter* chart = Painter();
     if (chart != nullptr && chart->ValuesAt(event->position())) {
         m_dragFrom = event->position();
+        m_isDragged = false;
         setCursor(Qt::ClosedHandCursor);
     }
 }
 
 void ChartView::mouseMoveEvent(QMouseEvent* event)
 {
-    if (m_dragFrom)
-        DragBy(event->position() - *m_dragFrom);
-    else
+    if (!m_dragFrom)
         ShowValues(event->position(), event->globalPosition().toPoint());
-    if (m_dragFrom)
+    else if (const QPointF by = event->position() - *m_dragFrom;
+             m_isDragged || by.manhattanLength() >= QApplication::startDragDistance()) {
+        m_isDragged = true;
         m_dragFrom = event->position();
+        DragBy(by);
+    }
     event->ignore(); // the window describes what lies under the mouse
 }
 
@@ -221,8 +249,8 @@ void ChartView::mouseDoubleClickEvent(QMouseEvent* event)
 {
     if (event->button() != Qt::LeftButton)
         return;
-    if (m_enlargeable && event->modifiers() == Qt::ControlModifier)
-        Q_EMIT EnlargeAsked();
+    if (CanTurn() && (IsFitted() || event->modifiers() == Qt::ControlModifier))
+        Q_EMIT TurnAsked();
     else
         ShowAll();
 }
@@ -263,10 +291,11 @@ void ChartView::ReadOn(int direction)
 void ChartView::keyPressEvent(QKeyEvent* event)
 {
     const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    const bool isBack = event->key() == Qt::Key_Escape && m_place == ChartPlace::Enlarged;
     if (event->matches(QKeySequence::Copy))
         CopyPicture();
-    else if (isEnter && m_enlargeable)
-        Q_EMIT EnlargeAsked();
+    else if (CanTurn() && (isEnter || isBack))
+        Q_EMIT TurnAsked();
     else if (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier)
         ShowMenu(mapToGlobal(rect().center())); // the menu's own key comes as an event of its own
     else if (!Move(event->key(), event->modifiers() == Qt::ControlModifier))
@@ -325,10 +354,13 @@ void ChartView::ShowMenu(const QPoint& global)
     menu.addSeparator();
     // The key in letters: the library's own translation is an arrow.
     QAction* all = menu.addAction(u"Mostra &tutto\tHome"_s, this, &ChartView::ShowAll);
-    if (m_enlargeable)
-        menu.addAction(u"&Ingrandisci o affianca"_s, this, &ChartView::EnlargeAsked);
     for (QAction* action : menu.actions())
-        action->setEnabled(Painter() != nullptr && (action != all || !Painter()->IsFitted()));
+        action->setEnabled(Painter() != nullptr && (action != all || !IsFitted()));
+    if (m_place != ChartPlace::Alone) {
+        const QString caption =
+            m_place == ChartPlace::Enlarged ? u"&Affianca\tEsc"_s : u"&Ingrandisci\tInvio"_s;
+        menu.addAction(caption, this, &ChartView::TurnAsked)->setEnabled(CanTurn());
+    }
     menu.exec(global);
 }
 

@@ -1,5 +1,5 @@
-// A chart on screen: zoom with the wheel, drag, double click back to the whole, the values under the pointer,
-// and a menu to copy and save it. All of this by keys, too.
+// A chart on screen: zoom with the wheel, drag, double click back to the whole and then to the whole page,
+// the values under the pointer, and a menu to copy and save it. All of this by keys, too.
 #pragma once
 
 #include "framework/chart/ChartData.h"
@@ -13,6 +13,13 @@
 #include <optional>
 
 class ChartNotice;
+
+/// On its page.
+enum class ChartPlace {
+    Alone,
+    Beside,  ///< another one; it can be enlarged
+    Enlarged ///< in the place of both; it can be put back
+};
 
 class ChartView : public QWidget
 {
@@ -30,14 +37,19 @@ public:
     void SetResults(ResultState results);
     /// To the clipboard, as wide as a page.
     void CopyPicture();
-    /// Whether Enter, Ctrl with a double click and the menu ask for the chart to be enlarged, or put back.
-    void SetEnlargeable(bool enlargeable) { m_enlargeable = enlargeable; }
+    /// Where it stands: whether keys, mouse and menu ask for another place.
+    void SetPlace(ChartPlace place);
+    /// Whether a double click would show no more of it.
+    bool IsFitted();
 
     QSize sizeHint() const override { return {640, 420}; }
     QSize minimumSizeHint() const override { return {240, 180}; }
 
 Q_SIGNALS:
-    void EnlargeAsked();
+    /// To be enlarged, or put back.
+    void TurnAsked();
+    /// Another part of it, or another chart.
+    void AnotherSeen();
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -63,6 +75,7 @@ private:
     /// After anything that changes what is in view, or where.
     void Seen();
     void Describe();
+    bool CanTurn() const;
     bool IsStale() const;
     QString Hint() const;
     void ShowValues(const QPointF& at, const QPoint& global);
@@ -78,7 +91,8 @@ private:
     ChartNotice* m_notice; ///< that the chart is not whole
     bool m_isNew = true;   ///< to the painter
     ResultState m_results = ResultState::None;
-    bool m_enlargeable = false;
-    std::optional<QPointF> m_dragFrom;
-    qsizetype m_read = -1; ///< the stop that was told last; negative: none
+    ChartPlace m_place = ChartPlace::Alone;
+    std::optional<QPointF> m_dragFrom; ///< where the button is down
+    bool m_isDragged = false;          ///< farther than a hand trembles
+    qsizetype m_read = -1;             ///< the stop that was told last; negative: none
 };

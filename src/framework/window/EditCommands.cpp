@@ -5,6 +5,7 @@
 #include "framework/text/TextFunctions.h"
 #include "framework/window/ChartView.h"
 #include "framework/window/GridView.h"
+#include "framework/window/ResultTable.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -56,6 +57,8 @@ void EditCopy(QWidget* activeControl)
         QGuiApplication::clipboard()->setText(grid->SelectedText());
     else if (auto* chart = qobject_cast<ChartView*>(activeControl))
         chart->CopyPicture();
+    else if (const auto* table = qobject_cast<const ResultTable*>(activeControl))
+        table->Copy();
     else if (const auto text = SelText(activeControl))
         QGuiApplication::clipboard()->setText(*text);
 }

@@ -119,6 +119,15 @@ QValidator* UpToFourDigits(QObject* parent)
     return new QRegularExpressionValidator(kUpToFourDigits, parent);
 }
 
+void SelectLater(QLineEdit* edit)
+{
+    const auto select = [edit] {
+        if (edit->hasFocus())
+            edit->selectAll();
+    };
+    QMetaObject::invokeMethod(edit, select, Qt::QueuedConnection);
+}
+
 bool WillComeBack(const QFocusEvent& event)
 {
     const Qt::FocusReason reason = event.reason();

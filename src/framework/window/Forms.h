@@ -5,6 +5,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLayout>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QRect>
 #include <QString>
@@ -36,6 +37,8 @@ QPushButton* ButtonWithoutEnter(const QString& name, const QString& caption);
 /// Takes what counts of digits, rows and columns are typed as: nothing, or up to four digits.
 QValidator* UpToFourDigits(QObject* parent);
 
+/// Selects all of a field that gets the focus, once the click that brings it has placed the caret.
+void SelectLater(QLineEdit* edit);
 /// Whether the focus goes to a menu or to another program, from where it comes back to the field.
 bool WillComeBack(const QFocusEvent& event);
 /// What a field must not get, so that the commands of the menus act on it: Ctrl+X, which it would take for

@@ -23,6 +23,18 @@ QString Quoted(const QString& text)
     return u"\"%1\""_s.arg(line.size() <= kLongestText ? line : line.first(kLongestText) + u'…');
 }
 
+QString WithoutFirstRow(const QString& text)
+{
+    return MakeTabText(ParseTabText(text).sliced(1));
+}
+
+} // namespace
+
+QString RefusalNotice(const GridView& view, const QString& text)
+{
+    return u"%1 non è un numero da 0 a %2"_s.arg(Quoted(text), view.Grid().Format().LargestText());
+}
+
 QString PasteNotice(const PasteCount& count)
 {
     QString text = u"Celle incollate: %1"_s.arg(count.taken);
@@ -37,13 +49,6 @@ QString PasteNotice(const PasteCount& count)
     return text;
 }
 
-QString WithoutFirstRow(const QString& text)
-{
-    return MakeTabText(ParseTabText(text).sliced(1));
-}
-
-} // namespace
-
 GridNotices::GridNotices(TestDocument& document, Guard guard, NoticeBar& bar, QObject* parent)
     : QObject(parent), m_document(document), m_guard(std::move(guard)), m_bar(bar)
 {
@@ -52,8 +57,7 @@ GridNotices::GridNotices(TestDocument& document, Guard guard, NoticeBar& bar, QO
 void GridNotices::Watch(GridView* view)
 {
     connect(view, &GridView::Refused, this, [this, view](const QString& text) {
-        m_bar.Show({NoticeCause::Cell, u"%1 non è un numero da 0 a %2"_s.arg(
-                                           Quoted(text), view->Grid().Format().LargestText())});
+        m_bar.Show({NoticeCause::Cell, RefusalNotice(*view, text)});
     });
     connect(view, &GridView::RefusalPast, this, [this] { m_bar.End(NoticeCause::Cell); });
     connect(view, &GridView::Pasted, this,
@@ -78,8 +82,12 @@ QList<NoticeAction> GridNotices::Offers(GridView* view, PasteCount count, const 
     if (count.headed)
         --count.block.rows;
     QList<NoticeAction> offers;
-    if (m_document.CanHoldRows(view->Grid(), count.block))
-        offers.append({u"Porta a %1 determinazioni e incolla tutto"_s.arg(count.block.row + count.block.rows),
+    QStringList sizes;
+    for (const auto& [field, number] : m_document.GrowthFor(view->Grid(), count.block))
+        sizes += u"%1 %2"_s.arg(number).arg(field->counted);
+    sizes.removeDuplicates(); // of groups that grow alike
+    if (!sizes.isEmpty())
+        offers.append({u"Porta a %1 e incolla tutto"_s.arg(sizes.join(u" e "_s)),
                        [this, view, count, values] { PasteAgain(view, count, values, true); }});
     if (count.headed)
         offers.append({u"Incolla senza la prima riga"_s,
@@ -87,7 +95,7 @@ QList<NoticeAction> GridNotices::Offers(GridView* view, PasteCount count, const 
     return offers;
 }
 
-/// In the place of the paste that was told of; whole: with as many rows as the text has.
+/// In the place of the paste that was told of; whole: with sizes that hold all of the text.
 void GridNotices::PasteAgain(GridView* view, const PasteCount& count, const QString& text, bool whole)
 {
     m_guard([&] {

@@ -11,6 +11,11 @@
 class GridView;
 class TestDocument;
 
+/// A text that a cell of the grid refuses.
+QString RefusalNotice(const GridView& view, const QString& text);
+/// What became of a paste that was not taken as it stood.
+QString PasteNotice(const PasteCount& count);
+
 class GridNotices : public QObject
 {
     Q_OBJECT

@@ -1,48 +1,17 @@
 #include "framework/window/ResultSheet.h"
 
-#include "framework/document/TextTable.h"
-#include "framework/text/TextFunctions.h"
+#include "framework/window/CopyTable.h"
 #include "framework/window/Furnishings.h"
+#include "framework/window/ResultTable.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QMenu>
-#include <QMimeData>
 
 #include <algorithm>
-#include <memory>
 #include <utility>
 
 using namespace Qt::StringLiterals;
-
-namespace
-{
-
-/// Each cell in one line.
-QString TabText(const QList<QStringList>& rows)
-{
-    QString text;
-    for (QStringList row : rows) {
-        std::ranges::transform(row, row.begin(), InOneLine);
-        text += row.join(u'\t') + u'\n';
-    }
-    return text;
-}
-
-QString HtmlTable(const QList<QStringList>& rows)
-{
-    QString html = u"<meta charset=\"utf-8\"><table>"_s;
-    for (const QStringList& row : rows) {
-        html += u"<tr>"_s;
-        for (qsizetype i = 0; i < row.size(); ++i)
-            html += (i == 0 ? u"<td>"_s : u"<td align=\"right\">"_s) +
-                    row[i].toHtmlEscaped().replace(u'\n', u"<br>"_s) + u"</td>"_s;
-        html += u"</tr>"_s;
-    }
-    return html + u"</table>"_s;
-}
-
-} // namespace
 
 void ResultSheet::AddRow(const QLabel* caption, const QList<ResultField*>& fields)
 {
@@ -58,12 +27,14 @@ void ResultSheet::AddHeadings(const QList<const QLabel*>& headings)
     m_rows.append({.cells = headings});
 }
 
-void ResultSheet::AddTable(const TextTable& table, QWidget* view)
+void ResultSheet::AddTable(ResultTable* table)
 {
-    m_rows.append({.table = &table});
-    view->setContextMenuPolicy(Qt::CustomContextMenu);
-    connect(view, &QWidget::customContextMenuRequested, this,
-            [this, view](const QPoint& at) { PopUp(view, view->mapToGlobal(at), {CopyItem()}); });
+    m_rows.append({.table = table});
+    table->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(table, &QWidget::customContextMenuRequested, this, [this, table](const QPoint& at) {
+        PopUp(table, table->viewport()->mapToGlobal(at),
+              {{u"&Copia tabella"_s, [table] { table->Copy(); }}, CopyItem()});
+    });
 }
 
 void ResultSheet::AddConclusions(QPlainTextEdit* conclusions)
@@ -112,7 +83,7 @@ QList<QStringList> ResultSheet::Rows() const
         rows += QStringList(kStaleResults);
     for (const Row& row : m_rows) {
         if (row.table != nullptr)
-            rows += QList<QStringList>{{row.table->Shape().caption}} + row.table->Rows();
+            rows += QList<QStringList>{{row.table->accessibleName()}} + row.table->Texts();
         else if (const QStringList texts = RowTexts(row); !texts.isEmpty())
             rows += texts;
     }
@@ -126,9 +97,5 @@ QList<QStringList> ResultSheet::Rows() const
 
 void ResultSheet::Copy() const
 {
-    const QList<QStringList> rows = Rows();
-    auto data = std::make_unique<QMimeData>();
-    data->setText(TabText(rows));
-    data->setHtml(HtmlTable(rows));
-    QGuiApplication::clipboard()->setMimeData(data.release());
+    CopyTable(Rows());
 }

@@ -14,7 +14,7 @@
 
 #include <functional>
 
-class TextTable;
+class ResultTable;
 
 /// Knows what stands beside what, in the order of the window, and has the context menus of results and
 /// conclusions. What it is told of outlives it, or goes with the same window.
@@ -30,7 +30,7 @@ public:
     void AddRow(const QLabel* caption, const QList<ResultField*>& fields);
     /// The headings of the columns, from the first result on.
     void AddHeadings(const QList<const QLabel*>& headings);
-    void AddTable(const TextTable& table, QWidget* view);
+    void AddTable(ResultTable* table);
     void AddConclusions(QPlainTextEdit* conclusions);
 
     /// Results that are not those of what stands in the document are taken away with a first row that says
@@ -52,7 +52,7 @@ private:
     struct Row {
         const QLabel* caption = nullptr;
         QList<const QLabel*> cells = {};
-        const TextTable* table = nullptr;
+        const ResultTable* table = nullptr;
     };
     MenuItem CopyItem() const
     {

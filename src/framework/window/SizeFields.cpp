@@ -27,16 +27,6 @@ QString RefusedText(const SizeField& field, const QString& text)
     return u"%1: sono ammessi i numeri da %2%3"_s.arg(what, QString::number(field.minimum), most);
 }
 
-/// The click that brings the focus places the caret after that, so that selecting comes later.
-void SelectLater(QLineEdit* edit)
-{
-    const auto select = [edit] {
-        if (edit->hasFocus())
-            edit->selectAll();
-    };
-    QMetaObject::invokeMethod(edit, select, Qt::QueuedConnection);
-}
-
 } // namespace
 
 SizeFields::SizeFields(TestDocument& document, Guard guard, QObject* parent)

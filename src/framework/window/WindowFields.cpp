@@ -2,17 +2,15 @@
 
 #include "framework/document/DocumentShape.h"
 #include "framework/document/TestDocument.h"
-#include "framework/document/TextTable.h"
 #include "framework/text/TextFunctions.h"
-#include "framework/window/CornerLabel.h"
 #include "framework/window/EditCommands.h"
 #include "framework/window/Forms.h"
 #include "framework/window/Furnishings.h"
+#include "framework/window/ResultTable.h"
 
 #include <QButtonGroup>
 #include <QFormLayout>
 #include <QHBoxLayout>
-#include <QHeaderView>
 #include <QKeyEvent>
 #include <QVBoxLayout>
 
@@ -51,6 +49,9 @@ int NextRow(const QGridLayout* layout)
 {
     return layout->count() == 0 ? 0 : layout->rowCount();
 }
+
+/// Where the text of a size field begins, its frame included.
+constexpr int kSizeIndent = 4;
 
 } // namespace
 
@@ -98,7 +99,18 @@ QGroupBox* WindowFields::ConclusionsFrame(const QString& frameName)
 
 void WindowFields::AddSize(QGridLayout* layout, const SizeRow& row)
 {
-    m_sizes->Add(layout, NextRow(layout), row);
+    const int at = NextRow(layout);
+    const auto& typed = m_document.Shape().sizes;
+    if (std::ranges::find(typed, row.control, &SizeField::control) != typed.end()) {
+        m_sizes->Add(layout, at, row);
+        return;
+    }
+    const QString& caption = m_document.Fields()[row.control].caption;
+    QLabel* shown = FieldLabel(row.control);
+    shown->setAccessibleDescription(caption);
+    shown->setIndent(kSizeIndent);
+    layout->addWidget(FixedLabel(row.labelName, caption), at, 0);
+    layout->addWidget(shown, at, 1);
 }
 
 void WindowFields::AddOptions(QGridLayout* layout, int columns)
@@ -119,18 +131,23 @@ void WindowFields::AddOptions(QGridLayout* layout, int columns)
 void WindowFields::AddResults(QGridLayout* layout, const QList<ResultRow>& rows)
 {
     qsizetype most = 0;
-    for (const ResultRow& row : rows)
+    int first = 1;
+    for (const ResultRow& row : rows) {
         most = std::max(most, row.controls.size());
-    const int columns = static_cast<int>(most) + 1;
+        first = row.symbol.first.isEmpty() ? first : 2;
+    }
+    const int columns = static_cast<int>(most) + first;
     for (const ResultRow& row : rows) {
         const int at = NextRow(layout);
         QLabel* label = row.labelName.isEmpty() ? nullptr : RowLabel(row);
         if (label != nullptr)
             layout->addWidget(label, at, 0, 1, row.controls.isEmpty() ? columns : 1);
+        if (!row.symbol.first.isEmpty())
+            layout->addWidget(FixedLabel(row.symbol.first, row.symbol.second), at, 1, Qt::AlignRight);
         QList<ResultField*> fields;
         for (const QLatin1StringView control : row.controls) {
+            const int column = first + (row.onePlace ? 0 : static_cast<int>(fields.size()));
             fields.append(NewResult(control));
-            const int column = row.onePlace ? 1 : static_cast<int>(fields.size());
             if (label == nullptr)
                 layout->addWidget(fields.constLast(), at, 0, 1, columns);
             else
@@ -193,26 +210,14 @@ QLabel* WindowFields::FieldLabel(QAnyStringView control)
     return label;
 }
 
-QTableView* WindowFields::TableView(QLatin1StringView control)
+ResultTable* WindowFields::TableView(QLatin1StringView control)
 {
     if (m_document.Table(control) == nullptr)
         qFatal("the document has no table %s", control.data());
     TextTable& table = *m_document.Table(control);
-    auto* view = new QTableView;
-    view->setObjectName(control);
-    view->setAccessibleName(table.Shape().caption);
-    view->setModel(&table);
-    view->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    view->setTabKeyNavigation(false);
-    view->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
-    view->horizontalHeader()->setVisible(!table.Shape().columnTitles.isEmpty());
-    view->verticalHeader()->setVisible(!table.Shape().rowTitles.isEmpty());
-    view->setSizeAdjustPolicy(QAbstractItemView::AdjustToContents);
-    m_sheet.AddTable(table, view);
-    m_tables.append(view);
-    if (!table.Shape().columnTitles.isEmpty())
-        new CornerLabel(table.Shape().columnTitles.constFirst(), view);
-    return view;
+    m_tables.append(new ResultTable(table));
+    m_sheet.AddTable(m_tables.constLast());
+    return m_tables.constLast();
 }
 
 QGroupBox* WindowFields::FrameBox(const QString& name, const QString& title)
@@ -242,6 +247,8 @@ void WindowFields::Refresh()
     }
     for (auto box = m_boxes.keyValueBegin(); box != m_boxes.keyValueEnd(); ++box) {
         box->first->setTitle(m_document.ControlText(box->second));
+        if (auto* table = box->first->findChild<QTableView*>())
+            table->setAccessibleName(box->first->title());
         if (!box->first->toolTip().isEmpty())
             box->first->setToolTip(box->first->title());
         box->first->setVisible(m_document.ControlVisible(box->second));
@@ -277,7 +284,7 @@ void WindowFields::ShowState()
     };
     for (ResultField* field : std::as_const(m_results))
         show(field, field->text());
-    for (QTableView* table : std::as_const(m_tables))
+    for (ResultTable* table : std::as_const(m_tables))
         show(table, {});
     show(m_conclusions, {});
 }
@@ -295,6 +302,9 @@ void WindowFields::ShowOption()
 bool WindowFields::eventFilter(QObject* object, QEvent* event)
 {
     auto* edit = qobject_cast<QLineEdit*>(object);
+    if (edit != nullptr && event->type() == QEvent::FocusIn && m_document.Shape().inputsSelect &&
+        !WillComeBack(*static_cast<QFocusEvent*>(event)))
+        SelectLater(edit);
     if (edit != nullptr && event->type() == QEvent::KeyPress) {
         const auto& key = *static_cast<QKeyEvent*>(event);
         if (key.matches(QKeySequence::Paste))

@@ -19,11 +19,11 @@
 #include <QPlainTextEdit>
 #include <QRadioButton>
 #include <QString>
-#include <QTableView>
 
 #include <functional>
 #include <utility>
 
+class ResultTable;
 class TestDocument;
 
 /// Results beside each other behind a label. Without results the label is a heading, without a label the
@@ -33,6 +33,8 @@ struct ResultRow {
     QList<QLatin1StringView> controls;
     QString caption = {};  ///< empty: that of the first result
     bool onePlace = false; ///< the results share one place, and one of them is seen
+    /// What stands for the result in formulas, in front of it: objectName and text, "r =".
+    std::pair<QString, QString> symbol = {};
 };
 
 /// What a verdict's sign shows at the moment.
@@ -51,7 +53,7 @@ public:
     QWidget* HeaderFields(const QString& labelName);
     /// A frame with the conclusions.
     QGroupBox* ConclusionsFrame(const QString& frameName);
-    /// As SizeFields::Add, in the next row of a layout.
+    /// As SizeFields::Add, in the next row of a layout. A size that is not typed is shown.
     void AddSize(QGridLayout* layout, const SizeRow& row);
     /// The options of the document, each in a row of its own over so many columns; those that are hidden,
     /// too.
@@ -63,8 +65,8 @@ public:
     void AddVerdict(QGridLayout* layout, QLatin1StringView control, const FindSign& sign);
     /// A label whose text the document gives.
     QLabel* FieldLabel(QAnyStringView control);
-    /// A table of the document, as high as its rows.
-    QTableView* TableView(QLatin1StringView control);
+    /// A table of the document.
+    ResultTable* TableView(QLatin1StringView control);
     static QGroupBox* FrameBox(const QString& name, const QString& title);
     /// A frame whose title is a text, or the name of a field whose text and visibility the frame follows.
     QGroupBox* TitledBox(const QString& name, const QString& title);
@@ -92,7 +94,7 @@ private:
     QList<ResultField*> m_results;
     QList<std::pair<VerdictSign*, FindSign>> m_signs;
     ResultSheet m_sheet;
-    QList<QTableView*> m_tables;
+    QList<ResultTable*> m_tables;
     QHash<QGroupBox*, QString> m_boxes; ///< frames, by the fields that they follow
     QList<QRadioButton*> m_options;
     QPlainTextEdit* m_conclusions = nullptr;

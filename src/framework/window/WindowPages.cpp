@@ -11,6 +11,7 @@
 #include "framework/window/EditCommands.h"
 #include "framework/window/GridNotices.h"
 #include "framework/window/GridView.h"
+#include "framework/window/ResultTable.h"
 #include "framework/window/WindowCommands.h"
 
 #include <QApplication>
@@ -105,7 +106,7 @@ QWidget* WindowPages::Beside(const QList<QWidget*>& frames)
 
 void WindowPages::AddChartPage(const QString& caption)
 {
-    auto* page = new ChartPage(m_document, caption);
+    auto* page = new ChartPage(m_document);
     m_charts.append(page);
     m_regions.Add(Region::Chart, page);
     AddPage(page, caption);

@@ -39,7 +39,7 @@ const DocumentShape& PrecShape()
                    {"IntConf"_L1, FieldKind::Result, u"Intervallo di Confidenza"_s}},
         .lines = {{FileLine::Kind::Reserved},
                   {FileLine::Kind::Text, ColumnDocument::kNDet, u"N. determinazioni"_s}},
-        .charts = {"VtGrafPrec"_L1},
+        .charts = {{"VtGrafPrec"_L1}},
     };
     return kShape;
 }

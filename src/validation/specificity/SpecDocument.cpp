@@ -53,7 +53,7 @@ const DocumentShape& SpecShape()
                   {FileLine::Kind::Blank},
                   {FileLine::Kind::Reserved},
                   {FileLine::Kind::Text, SpecDocument::kGruppoB, u"Gruppo B"_s}},
-        .charts = {"VtGrafSpec"_L1},
+        .charts = {{"VtGrafSpec"_L1}},
         .verdict = true,
     };
     return kShape;

@@ -32,13 +32,17 @@ def divided(a, b):
     return checked(a / b)
 
 
+def sixteen_bits(number):
+    if not -32768 <= number <= 32767:
+        raise Failure(6)
+    return number
+
+
 def count(text):
     """A text as a 16-bit integer."""
     if not re.fullmatch(r"[+-]?\d+", text.strip(" ")):
         raise Failure(13)
-    if not -32768 <= int(text) <= 32767:
-        raise Failure(6)
-    return int(text)
+    return sixteen_bits(int(text))
 
 
 def val(text):
@@ -72,9 +76,10 @@ def general(number):
 
 
 def filled(template, *texts):
-    """The template with #1#, #2# ... replaced in turn: a place that a text brings along is filled by one after it."""
+    """The template with #1#, #2# ... replaced in turn: a place that a text brings along is filled by one
+    after it. None leaves its place as it is."""
     for place, text in enumerate(texts, 1):
-        template = template.replace(f"#{place}#", text)
+        template = template if text is None else template.replace(f"#{place}#", text)
     return template
 
 
@@ -98,7 +103,7 @@ def student(v):
     """The two-sided 5 % point of t."""
     if v == 0:
         raise Failure(11)
-    if v <= 4:
+    if 1 <= v <= 4:
         return Decimal(("12.706", "4.303", "3.182", "2.776")[v - 1])
     u = (-2 * Decimal("0.025").ln()).sqrt()
     x = u - ((Decimal("2.515517") + Decimal("0.802853") * u + Decimal("0.010328") * u**2)
@@ -112,9 +117,9 @@ def student(v):
 
 def tail_of_f(f, gdl1, gdl2):
     """The upper tail, by the normal approximation of the cube root. None: its series grew beyond 1e100."""
-    a, b = Decimal(2) / (9 * gdl1), Decimal(2) / (9 * gdl2)
-    c = f ** (Decimal(1) / 3) if f else Decimal(0)
-    z = (c * (1 - b) - 1 + a) / (c * c * b + a).sqrt()
+    a, b = (divided(Decimal(2), Decimal(sixteen_bits(9 * gdl))) for gdl in (gdl1, gdl2))
+    c = (abs(f) ** (Decimal(1) / 3)).copy_sign(f) if f else Decimal(0)
+    z = divided(c * (1 - b) - 1 + a, abs(c * c * b + a).sqrt())
     y, k = z * z, 1
     term = total = abs(z)
     while total + term != total:

@@ -1,4 +1,4 @@
-"""The sentences of the three tests, as they are required: conclusions and what stands above them, by language."""
+"""The sentences of the tests, as they are required: conclusions and what stands above them, by language."""
 
 HEADING_IT = "C O N V A L I D A  D E L   M E T O D O   A N A L I T I C O\r\n\r\n"
 WIDER_HEADING_IT = HEADING_IT.replace("A  D", "A   D")
@@ -45,3 +45,24 @@ DETERMINED = {
 }
 SPECIFICITY_HEADINGS = {"it": WIDER_HEADING_IT + "TEST DELLA SPECIFICITA'\r\n\r\n",
                         "en": HEADING_EN + "SPECIFICITY TEST\r\n\r\n"}
+
+LINEARITY_HEADINGS = {"it": WIDER_HEADING_IT + "TEST DELLA LINEARITA'\r\n\r\n", "en": HEADING_EN + "LINEARITY TEST\r\n\r\n"}
+LINEARITY = {
+    "it": "L'analisi della varianza indica: \r\nRegressione lineare#1# significativa;\r\nPertanto le variabili Y (risposte "
+          "strumentali)#3# sono linearmente correlate alle variabili X (concentrazioni del prodotto).\r\nL'equazione che "
+          "descrive la relazione tra le variabili X e Y é :\r\n\r\n#4#\r\n\r\nCurvatura#2# significativa;\r\nI limiti di "
+          "confidenza dell'ordinata all'origine#5# contengono lo zero.\r\nPertanto le risposte strumentali#5# sono "
+          "proporzionali alle concentrazioni del prodotto.\r\n\r\nLa sensibilità del metodo é pari a:\r\n\r\n#7#  \r\nper "
+          "variazione della concentrazione uguale a 1 #8#\r\n\r\n",
+    "en": "The variance analysis shows: \r\nLinear regression#1# significant;\r\nThe variables Y (results)#3# are linearly "
+          "related to the variables X (concentrations of the product).\r\nThe equation describes the relation between the "
+          "variables X and Y is :\r\n\r\n#4#\r\n\r\nCurvature#2# significant;\r\nThe confidence limits of the ordinate at "
+          "the origin#5# contains zero.\r\nThe results#5# are proportional to the product concentrations.\r\n\r\nThe "
+          "sensibility of the method is equal to:\r\n\r\n#7#  \r\nfor variation of the concentration equal to 1 #8#\r\n\r\n",
+}
+DISCRIMINATION = {
+    "it": "La capacità discriminante del metodo, intesa come differenza di concentrazione che il metodo é in grado di "
+          "discriminare con probabilità statistica del 95 %, é:\r\n\r\nD = #9#  #8#",
+    "en": "The method discriminating ability as concentration difference that the method is able to discriminate as "
+          "statistical probability of 95 %, is:\r\n\r\nD = #9#  #8#",
+}

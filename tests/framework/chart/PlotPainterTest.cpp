@@ -2,6 +2,7 @@
 #include "Compare.h"
 #include "TestWorld.h"
 #include "framework/chart/ChartPainter.h"
+#include "framework/chart/GroupColours.h"
 #include "stories/ChartPicture.h"
 #include "stories/ChartStory.h"
 #include "stories/ExpectedText.h"
@@ -9,6 +10,10 @@
 #include "validation/specificity/SpecDocument.h"
 
 #include <QImage>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
 
 using namespace Qt::StringLiterals;
 
@@ -37,6 +42,15 @@ std::unique_ptr<ChartPainter> UsedPainter()
     painter->Zoom({300, 200}, 0.3);
     painter->Drag({30, 20});
     return painter;
+}
+
+double ContrastOnWhite(const ChartColour& colour)
+{
+    const auto light = [](double part) {
+        return part <= 10 ? part / 255 / 12.92 : std::pow((part / 255 + 0.055) / 1.055, 2.4);
+    };
+    return 1.05 /
+           (0.2126 * light(colour.red) + 0.7152 * light(colour.green) + 0.0722 * light(colour.blue) + 0.05);
 }
 
 class PaintedStory : public ChartStory
@@ -127,6 +141,31 @@ private Q_SLOTS:
         QFETCH(QString, file);
         const QString difference = PaintedStory().Difference(file);
         QVERIFY2(difference.isEmpty(), qPrintable(difference));
+    }
+
+    /// Red, and then whatever comes of all that is seen on white.
+    void Colours()
+    {
+        const auto colours = GroupColours(3000, 1);
+        QCOMPARE(colours.size(), 3000U);
+        QVERIFY(colours.front() == (ChartColour{.red = 255, .green = 0, .blue = 0}));
+        QVERIFY(std::fabs(ContrastOnWhite(colours.front()) - 3.998) < 0.0005);
+        std::array<QSet<int>, 3> parts;
+        double least = 21;
+        for (const ChartColour& colour : colours) {
+            least = std::min(least, ContrastOnWhite(colour));
+            parts[0] += colour.red;
+            parts[1] += colour.green;
+            parts[2] += colour.blue;
+        }
+        QVERIFY2(least >= 3 && least < 3.01, qPrintable(QString::number(least)));
+        // Green gives 0.7152 of the light, of which 3:1 leaves 0.3: none above 172.
+        QVERIFY(parts[0].size() > 250 && parts[1].size() > 150 && parts[2].size() > 250);
+        QVERIFY(GroupColours(5, 1) == decltype(colours)(colours.begin(), colours.begin() + 5));
+        QVERIFY(GroupColours(2, 2) != GroupColours(2, 1));
+        QVERIFY(GroupColours(0, 1).empty());
+        const std::uint32_t seed = ClockSeed();
+        QTRY_VERIFY(ClockSeed() != seed);
     }
 
     /// The same painting as vectors on a page of its size, and as a picture three times as fine.

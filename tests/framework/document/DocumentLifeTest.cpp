@@ -41,7 +41,7 @@ private Q_SLOTS:
             QVERIFY(!FindTestOfFile(none) && !FindTest(none));
         QVERIFY(!FindTest("spec"));
         // Those that the program does not have yet are known by name alone.
-        QVERIFY(!CreateDocument("TARA", m_world->Context()) && CreateDocument("LIMI", m_world->Context()));
+        QVERIFY(!CreateDocument("ACCU", m_world->Context()) && CreateDocument("LIMI", m_world->Context()));
     }
 
     /// For another file than a document's the dialog has other settings.

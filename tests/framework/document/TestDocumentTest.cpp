@@ -49,7 +49,8 @@ void Fill(TestDocument& document, int by)
     if (!document.Shape().options.empty())
         document.ChooseOption(document.Shape().options.back().value);
     for (DataGrid* grid : document.Grids()) {
-        grid->Edits().TypeHeader(0, QString::number(10 + by));
+        if (document.Headers())
+            grid->Edits().SetHeaders({QString::number(10 + by)});
         for (int cell = 0; cell < grid->Rows() * grid->Cols(); ++cell)
             grid->Edits().TypeText(cell / grid->Cols(), cell % grid->Cols(),
                                    QString::number(10 + by + cell % 7 * by));
@@ -137,7 +138,7 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("key");
         QTest::addRow("made up") << QString();
-        for (const auto& key : {"LIMI", "PREC", "SPEC"})
+        for (const auto& key : {"LIMI", "PREC", "SPEC", "TARA"})
             QTest::addRow("%s", key) << QString::fromLatin1(key);
     }
 
@@ -295,8 +296,28 @@ private Q_SLOTS:
         QVERIFY(!m_document->LeaveSize("Dimensioni1"_L1));
         QVERIFY(m_document->Grid().Edits().TypeText(0, 0, u"5"_s) && m_document->Undo());
         QCOMPARE(m_document->Grid().Rows(), 4); // the refused size is a step before that
-        QVERIFY(m_document->CanHoldRows(m_document->Grid(), {.row = 1, .col = 1, .rows = 39, .cols = 1}));
-        QVERIFY(!m_document->CanHoldRows(m_document->Grid(), {.row = 1, .col = 1, .rows = 40, .cols = 1}));
+    }
+
+    /// What is offered for a paste that has no room: sizes that their fields take.
+    void GridsGrowForAPaste()
+    {
+        const auto growth = [this](const GridBlock& block) {
+            QStringList sizes;
+            for (const auto& [field, number] : m_document->GrowthFor(m_document->Grid(), block))
+                sizes += u"%1 %2"_s.arg(number).arg(field->counted);
+            return sizes.join(u", "_s);
+        };
+        QCOMPARE(growth({.row = 1, .col = 1, .rows = 39, .cols = 1}), u"40 determinazioni"_s);
+        QCOMPARE(growth({.row = 1, .col = 1, .rows = 40, .cols = 1}), QString());
+        QCOMPARE(growth({.row = 0, .col = 2, .rows = 2, .cols = 13}), u"15 gruppi"_s);
+        QCOMPARE(growth({.row = 0, .col = 2, .rows = 2, .cols = 14}), QString());
+        QCOMPARE(growth({.row = 0, .col = 0, .rows = 5, .cols = 4}), u"4 gruppi, 5 determinazioni"_s);
+        QCOMPARE(growth({.row = 2, .col = 1, .rows = 2, .cols = 2}), QString());
+        const QString before = m_document->Headers()->join(u' ');
+        m_document->PasteWhole(m_document->Grid(), {.row = 4, .col = 4, .rows = 1, .cols = 1}, u"7"_s);
+        QCOMPARE(m_document->Grid().Text(4, 4), u"7.00"_s);
+        QVERIFY(m_document->Undo() && m_document->Grid().Cols() == 3 && m_document->Grid().Rows() == 4);
+        QCOMPARE(m_document->Headers()->join(u' '), before);
     }
 
     void OptionsAndWhatFollowsThem()
@@ -322,7 +343,7 @@ private Q_SLOTS:
         QCOMPARE(m_document->ControlText("LabelData2"), u"Inferiore (µg)"_s);
         m_document->ChooseOption(3);
         Fill(*m_document);
-        QVERIFY(m_document->Grid().Edits().TypeHeader(1, u"2,5"_s));
+        m_document->Grid().Edits().SetHeaders({u"1,00"_s, u"2,50"_s});
         m_document->Grid(2).SetValue(3, 2, std::nullopt);
         const QByteArray bytes = m_document->FileBytes();
         QCOMPARE(bytes,

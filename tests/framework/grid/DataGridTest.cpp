@@ -148,14 +148,13 @@ private Q_SLOTS:
         QCOMPARE(told(), u"1 0 to 2 1"_s);
         grid.SetColumnHeader(1, u"B"_s);
         QCOMPARE(headers.last().sliced(1), (QVariantList{1, 1}));
-        grid.Edits().SetHeadersEditable(true);
-        grid.Edits().PasteHeaders(0, u"3\t4"_s);
+        grid.Edits().SetHeaders({u"3"_s, u"4"_s});
         QCOMPARE(headers.last().sliced(1), (QVariantList{0, 1}));
         {
             const DataGrid::Redraw redraw(grid);
             grid.SetValue(0, 0, 1);
             grid.SetColumnHeader(0, u"A"_s);
-            grid.Edits().PasteHeaders(0, u"5"_s);
+            grid.Edits().SetHeaders({u"5"_s});
             grid.SetSize(2, 2);
             grid.Clear();
             QCOMPARE(reset.size(), 0);
@@ -184,8 +183,7 @@ private Q_SLOTS:
         QVERIFY(!cell.data(Qt::ToolTipRole).isValid() && !grid.data({}).isValid());
         QVERIFY(cell.flags() ==
                 (Qt::ItemIsSelectable | Qt::ItemIsEnabled | Qt::ItemIsEditable | Qt::ItemNeverHasChildren));
-        grid.Edits().SetHeadersEditable(true);
-        QVERIFY(!grid.setData(cell, u"2"_s, Qt::DisplayRole) && !grid.setHeaderData(0, Qt::Vertical, u"2"_s));
+        QVERIFY(!grid.setData(cell, u"2"_s, Qt::DisplayRole));
         QCOMPARE(grid.rowCount(cell) + grid.columnCount(cell), 0);
     }
 
@@ -403,18 +401,14 @@ private Q_SLOTS:
     {
         DataGrid grid(u","_s);
         FillWithPlaces(grid, 3, 2);
-        QVERIFY(!grid.Edits().TypeHeader(0, u"5"_s)); // not in this grid
-        QCOMPARE(grid.Edits().PasteHeaders(0, u"5"_s).outside, 1);
-        grid.Edits().SetHeadersEditable(true);
         QSignalSpy told(&grid, &QAbstractItemModel::headerDataChanged);
-        QVERIFY(grid.setHeaderData(0, Qt::Horizontal, u"5,0"_s));
-        QCOMPARE(grid.ColumnHeader(0), u"5"_s);
+        grid.Edits().SetHeaders({u"7"_s, u"8"_s, u"9"_s}); // the last one has no column
         QVERIFY(grid.Edits().ChangeMade());
-        QVERIFY(!grid.Edits().TypeHeader(1, u"-1"_s) && !grid.Edits().TypeHeader(2, u"1"_s));
-        QCOMPARE(Told(grid.Edits().PasteHeaders(0, u"7\n8\n9"_s)), u"2 0 1 0, 1 x 1"_s);
-        QCOMPARE(Told(grid.Edits().PasteHeaders(0, u"x\t6\n1\t1"_s)), u"1 1 0 0, first 0 0 x, 1 x 1"_s);
+        grid.Edits().SetHeaders({u"7"_s, u"6"_s});
+        QCOMPARE(told.last().sliced(1), (QVariantList{1, 1}));
+        grid.Edits().SetHeaders({u"7"_s});
+        QCOMPARE(told.size(), 2);
         QCOMPARE(grid.Cells().headers, QStringList({u"7"_s, u"6"_s}));
-        QCOMPARE(told.size(), 3);
         // The headers stand in the one history with the cells.
         QVERIFY(grid.Edits().TypeText(0, 0, u"3"_s));
         const QSignalSpy edited(&grid, &DataGrid::Edited);

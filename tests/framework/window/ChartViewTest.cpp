@@ -23,6 +23,8 @@
 #include <QToolTip>
 #include <QWheelEvent>
 
+#include <functional>
+
 using namespace Qt::StringLiterals;
 
 namespace
@@ -103,8 +105,10 @@ protected:
                   rest.contains(u"Ctrl") ? Qt::ControlModifier : Qt::NoModifier);
         else if (verb == u"press") // KEY...
             Press(rest.split(u' '));
-        else if (verb == u"enlargeable")
-            m_view->SetEnlargeable(true);
+        else if (verb == u"place") // alone|beside|enlarged
+            m_view->SetPlace(rest == u"alone"    ? ChartPlace::Alone
+                             : rest == u"beside" ? ChartPlace::Beside
+                                                 : ChartPlace::Enlarged);
         else if (verb == u"results") // none|current|stale
             m_view->SetResults(rest == u"none"      ? ResultState::None
                                : rest == u"current" ? ResultState::Current
@@ -137,8 +141,8 @@ private:
             m_view = std::make_unique<ChartView>(
                 m_chart.name, u"Grafico"_s,
                 DocumentContext{m_world.define, m_dialog, m_world.messages, m_world.fTable});
-            QObject::connect(m_view.get(), &ChartView::EnlargeAsked, m_view.get(),
-                             [this] { m_told += u"asks to be enlarged"_s; });
+            QObject::connect(m_view.get(), &ChartView::TurnAsked, m_view.get(),
+                             [this] { m_told += u"asks for another place"_s; });
             m_view->resize(qRound(m_numbers[0]), qRound(m_numbers[1]));
             const QSize least = m_view->minimumSizeHint();
             const QAccessibleInterface* read = QAccessible::queryAccessibleInterface(m_view.get());
@@ -328,13 +332,13 @@ private Q_SLOTS:
         VERIFY_FAILS(CreateChartPainter(u"/nowhere"_s), FailureKind::FileNotFound);
     }
 
-    /// What is seen stays until the charts show something else; the one that takes the page has the focus.
+    /// What is seen stays until the charts show something else.
     void OnePageForTwo()
     {
         TestWorld world;
         world.define.ProgramFolder = QStringLiteral(QUOREL_TEST_PROGRAM);
         const auto document = MakeDocument<MadeUpDocument>(world.Context());
-        ChartPage page(*document, u"Grafici"_s);
+        ChartPage page(*document);
         page.resize(640, 300);
         page.show();
         QVERIFY(QTest::qWaitForWindowActive(&page));
@@ -351,15 +355,91 @@ private Q_SLOTS:
         document->Calc();
         page.Refresh();
         QCOMPARE(range().section(u',', 0, 0), u"x 1 to 2"_s);
-        page.findChild<ChartView*>(u"VtGrafRegr"_s)->setFocus();
-        QTest::keyClick(second, Qt::Key_Return);
-        QVERIFY(second->hasFocus());
-        QTRY_COMPARE(second->width(), page.width());
         const auto alone = MakeDocument<PrecDocument>(world.Context());
-        ChartPage one(*alone, u"Grafico"_s);
+        ChartPage one(*alone);
         QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
         QApplication::sendEvent(one.findChild<ChartView*>(), &enter);
         QVERIFY(!enter.isAccepted()); // nothing to enlarge
+    }
+
+    /// By each gesture to the whole page and by each back, with the focus; the other chart is as it was.
+    void OneOfTwoTakesThePage()
+    {
+        TestWorld world;
+        world.define.ProgramFolder = QStringLiteral(QUOREL_TEST_PROGRAM);
+        const auto document = MakeDocument<MadeUpDocument>(world.Context());
+        ChartPage page(*document);
+        page.resize(900, 400);
+        page.show();
+        QVERIFY(QTest::qWaitForWindowActive(&page));
+        document->Grid().SetValue(0, 0, 5);
+        const auto calc = [&] {
+            document->Calc();
+            page.Refresh();
+        };
+        calc();
+        auto* first = page.findChild<ChartView*>(u"VtGrafRegr"_s);
+        auto* second = page.findChild<ChartView*>(u"VtGrafProp"_s);
+        const auto* line = page.findChild<QLabel*>(u"Ritorno"_s);
+        const auto seen = [&] { // how much of the width each has, with * the focus; how to go back
+            QCoreApplication::processEvents();
+            QString words;
+            for (const ChartView* chart : {first, second}) {
+                const int part = qRound(100.0 * chart->width() / page.width());
+                words += chart->isVisible() ? QString::number(part) + u' ' : QString();
+                words += page.focusWidget() == chart ? u"* "_s : QString();
+            }
+            return (words + (line->isVisible() ? line->text() : QString())).trimmed();
+        };
+        const auto key = [&](Qt::Key pressed) {
+            return [=] {
+                second->setFocus();
+                QTest::keyClick(second, pressed);
+            };
+        };
+        const auto twice = [&](Qt::KeyboardModifier held) {
+            return [=] { QTest::mouseDClick(second, Qt::LeftButton, held); };
+        };
+        const auto menu = [&] {
+            QTimer::singleShot(0, second, [] {
+                QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Up); // to the last one
+                QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Return);
+            });
+            second->setFocus();
+            QTest::keyClick(second, Qt::Key_F10, Qt::ShiftModifier);
+        };
+        const std::vector<std::function<void()>> gestures = {key(Qt::Key_Return), twice(Qt::NoModifier),
+                                                             twice(Qt::ControlModifier), menu,
+                                                             key(Qt::Key_Escape)}; // only back
+        const QString wayBack = u"100 * Doppio clic, Esc o Invio per affiancare di nuovo i grafici"_s;
+        QTest::keyClick(first, Qt::Key_Plus);
+        const auto firstSeen = [first] { return ReadPicture(PictureOf(*first)).lines; };
+        const QStringList before = firstSeen();
+        for (std::size_t i = 0; i < gestures.size(); ++i) {
+            first->setFocus();
+            gestures[i % (gestures.size() - 1)]();
+            QCOMPARE(seen(), wayBack);
+            gestures[i]();
+            QCOMPARE(seen(), u"50 50 *"_s);
+            QCOMPARE(firstSeen().mid(1, 4), before.mid(1, 4)); // but for the focus
+        }
+        gestures[0]();
+        QTest::keyClick(second, Qt::Key_Plus);
+        QCOMPARE(seen(), u"100 * Esc o Invio per affiancare di nuovo i grafici"_s);
+        calc();
+        QCOMPARE(seen(), wayBack);
+        page.hide();
+        page.resize(700, 400);
+        page.show();
+        second->setFocus();
+        QCOMPARE(seen(), wayBack);
+        document->ResetDocument();
+        page.Refresh();
+        QCOMPARE(seen(), wayBack);
+        gestures[1]();
+        QCOMPARE(seen(), u"50 50 *"_s);
+        gestures[0](); // nothing to enlarge
+        QCOMPARE(seen(), u"50 50 *"_s);
     }
 };
 

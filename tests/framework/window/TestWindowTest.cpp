@@ -220,15 +220,19 @@ private Q_SLOTS:
 
     void OneOfTwoChartsTakesThePage()
     {
+        m_open->Go(0, 0, 0);
+        m_open->Keys(u"5"_s, Qt::Key_Return);
+        m_open->Trigger("StrumentiCalcola");
         m_open->Tabs()->setCurrentIndex(2);
         auto* regression = m_open->Find<ChartView>("VtGrafRegr");
         auto* proportion = m_open->Find<ChartView>("VtGrafProp");
         QVERIFY(std::abs(regression->width() - proportion->width()) <= 1);
         QTest::keyClick(proportion, Qt::Key_Return);
         QVERIFY(regression->isHidden() && !proportion->isHidden());
-        QTest::mouseDClick(proportion, Qt::LeftButton); // shows all of the chart, and nothing else
-        QVERIFY(regression->isHidden());
-        QTest::mouseDClick(proportion, Qt::LeftButton, Qt::ControlModifier);
+        m_open->Tabs()->setCurrentIndex(1);
+        m_open->Tabs()->setCurrentIndex(2);
+        QVERIFY(regression->isHidden() && !proportion->isHidden());
+        QTest::mouseDClick(proportion, Qt::LeftButton);
         QVERIFY(!regression->isHidden() && !proportion->isHidden());
     }
 
