@@ -116,6 +116,26 @@ private Q_SLOTS:
         QCOMPARE(m_document->ShownCharts()[0].rows, data);
     }
 
+    /// A file that was read in part says where it stopped, and what was expected there.
+    void WhereAReadingStopped()
+    {
+        const std::pair<QString, QString> stops[] = {
+            {u"negative-size"_s,
+             u"11: vi sta \"-3\" dove è attesa la quantità \"N. gruppi (concentrazioni)\""_s},
+            {u"too-many-cells"_s,
+             u"11: vi sta \"1024 x 1025\" dove è attesa una griglia di al più 1048576 celle"_s},
+            {u"size-beyond-16-bits"_s,
+             u"10: vi sta \"32768\" dove è attesa la quantità \"N. dati per gruppo (risposte)\""_s},
+            {u"concentration-count-as-text"_s,
+             u"14: vi sta \"cinque\" dove è attesa la quantità di concentrazioni"_s},
+            {u"cut-in-the-concentrations"_s, u"17: il file finisce dove è attesa una concentrazione"_s},
+            {u"cut-in-a-row"_s, u"20: il file finisce dove è attesa una riga di dati"_s}};
+        for (const auto& [name, notice] : stops) {
+            LoadDocument(*m_document, DataFile(name + u".TAR"_s));
+            QCOMPARE(m_document->ReadNotice(), u"Letto in parte, fino alla riga "_s + notice);
+        }
+    }
+
     /// Without its database the test tells nothing, although nothing is decided by it.
     void NoTableOfF()
     {
