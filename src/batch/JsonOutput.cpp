@@ -234,7 +234,8 @@ QByteArray Summary(const BatchResult& result)
     QString text = result.file + u'\n';
     if (result.outcome.Calculated()) {
         for (const Field& field : result.document.Fields().OfKind(FieldKind::Result))
-            text += u"  %1: %2\n"_s.arg(field.caption, field.text);
+            text += (field.caption.endsWith(u'=') ? u"  %1 %2\n"_s : u"  %1: %2\n"_s)
+                        .arg(field.caption, field.text);
         for (const QString& conclusion : result.document.ConclText(Language::Italian))
             text += u'\n' + QString(conclusion).replace("\r\n"_L1, "\n"_L1) + u'\n';
     } else {

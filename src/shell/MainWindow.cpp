@@ -79,6 +79,7 @@ MainWindow::MainWindow(const DocumentContext& context)
         connect(new QShortcut(QKeySequence(forward ? u"Ctrl+Tab"_s : u"Ctrl+Shift+Tab"_s), this),
                 &QShortcut::activated, this, [this, forward] { TurnWindow(forward); });
     connect(m_area, &QMdiArea::subWindowActivated, this, &MainWindow::ShowMenus);
+    qApp->installEventFilter(this);
     ShowMenus();
     resize(QSize(1100, 780).boundedTo(screen()->availableSize() * kPartOfScreen));
 }
@@ -261,7 +262,6 @@ void MainWindow::ShowTest(QStringView key)
     // A click on what takes no focus, a button, a panel, a label, leaves it where it is.
     window->setFocusPolicy(Qt::NoFocus);
     window->resize(window->sizeHint().boundedTo(m_area->viewport()->size()));
-    window->installEventFilter(this);
     window->show();
     if (maximized) { // Qt gives it the state, and not always the room
         const auto fill = [this, window] {
@@ -277,12 +277,29 @@ void MainWindow::ShowTest(QStringView key)
 
 bool MainWindow::eventFilter(QObject* object, QEvent* event)
 {
+    if (event->type() == QEvent::MouseButtonPress && !BringToFront(qobject_cast<QWidget*>(object)))
+        return true;
     const auto* window = qobject_cast<QMdiSubWindow*>(object);
     if (window != nullptr && event->type() == QEvent::WindowStateChange && LooksOtherwise(*window, *event)) {
         if (auto* test = qobject_cast<TestWindow*>(window->widget()))
             test->KeepFocus();
     }
     return QMainWindow::eventFilter(object, event);
+}
+
+/// A click anywhere in a window that is not in front brings it there, also one that takes no focus: on the
+/// title, a tab, a button. False where the one in front has to stay.
+bool MainWindow::BringToFront(QWidget* clicked)
+{
+    while (clicked != nullptr && qobject_cast<QMdiSubWindow*>(clicked) == nullptr)
+        clicked = clicked->parentWidget();
+    auto* window = qobject_cast<QMdiSubWindow*>(clicked);
+    if (window == nullptr || window == m_area->currentSubWindow())
+        return true;
+    if (!MayLeaveFront())
+        return false;
+    m_area->setActiveSubWindow(window);
+    return true;
 }
 
 void MainWindow::Arrange(Arrangement arrangement)

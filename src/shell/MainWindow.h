@@ -55,6 +55,7 @@ private:
     /// The test whose window is in front, or null.
     TestWindow* FrontTest() const;
     /// What is being typed there is taken over. False when it is refused: the window stays in front.
+    bool BringToFront(QWidget* clicked);
     bool MayLeaveFront();
     void TurnWindow(bool forward);
     /// Why the program can't open this file, or nothing.

@@ -311,6 +311,9 @@ void Story::Run(const Step& step)
             child->showMinimized();
         else
             child->move(child->pos() + QPoint(word(0).toInt(), word(1).toInt()));
+    } else if (verb == u"title") {
+        QWidget* child = m_program->Window().findChild<QWidget*>(word(0))->parentWidget();
+        QTest::mouseClick(child, Qt::LeftButton, {}, QPoint(child->width() / 2, 10));
     } else if (verb == u"resize") {
         Window()->resize(word(0).toInt(), word(1).toInt());
     } else if (verb == u"copy" || verb == u"write" || verb == u"picture" || verb == u"folder" ||

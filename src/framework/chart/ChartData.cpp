@@ -15,7 +15,7 @@ namespace
 /// What one can see on a screen is a thousandth of the span; a fitted line is told apart from a point that
 /// seems to lie on it.
 constexpr int kSeenDigits = 3;
-constexpr int kLineDigits = 4;
+constexpr int kLineDigits = 5;
 
 /// As many decimals as tell parts of the span apart: with 3 digits a thousandth of it.
 QString Short(double value, const ChartScale& span, QStringView decSep, int digits = kSeenDigits)

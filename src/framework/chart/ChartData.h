@@ -33,6 +33,7 @@ struct ChartColour {
 struct ChartAxis {
     QString title;
     std::optional<ChartScale> scale; ///< as the data need it where none is set
+    bool showsZero = false;          ///< it is in view whatever the data are
     int majorDivisions = 0;          ///< 0: as it looks best
     bool visible = true;
     QString quantity = {}; ///< what a number on it is, within a sentence ("risposta"); empty: x, y

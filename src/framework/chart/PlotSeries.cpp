@@ -17,7 +17,7 @@ namespace
 
 constexpr double kLineWidth = 2;
 constexpr double kFitWidth = 1.5;
-constexpr double kThinFitWidth = 1;
+constexpr double kThinFitWidth = 4.0 / 3; ///< one point of 1/72 inch
 constexpr double kMarkWidth = 1.25;
 constexpr double kMarkSize = 8;
 /// Of many marks each is smaller: those of a group lie close together.
@@ -49,11 +49,27 @@ constexpr std::array kLooks = {Look{qRgb(0, 114, 178), Qt::SolidLine, Hatch::Ris
                                Look{qRgb(170, 68, 153), Qt::DashDotLine, Hatch::Upright},
                                Look{qRgb(64, 64, 64), Qt::DashDotDotLine, Hatch::Squared}};
 
-/// As many as have no common divisor with the colours: form and colour together come back late.
-constexpr std::array kForms = {
-    QCPScatterStyle::ssCircle,  QCPScatterStyle::ssSquare,           QCPScatterStyle::ssTriangle,
-    QCPScatterStyle::ssDiamond, QCPScatterStyle::ssTriangleInverted, QCPScatterStyle::ssCross,
-    QCPScatterStyle::ssPlus};
+/// As many as the groups of a calibration, and one more: without a common divisor with the colours form and
+/// colour together come back late.
+constexpr std::array kForms = {QCPScatterStyle::ssCircle,
+                               QCPScatterStyle::ssSquare,
+                               QCPScatterStyle::ssTriangle,
+                               QCPScatterStyle::ssDiamond,
+                               QCPScatterStyle::ssTriangleInverted,
+                               QCPScatterStyle::ssCross,
+                               QCPScatterStyle::ssPlus,
+                               QCPScatterStyle::ssStar,
+                               QCPScatterStyle::ssCrossSquare,
+                               QCPScatterStyle::ssPlusCircle,
+                               QCPScatterStyle::ssPlusSquare,
+                               QCPScatterStyle::ssCrossCircle};
+/// Those behind them, as corners of half the size.
+constexpr std::array<std::array<QPoint, 4>, 4> kCorners = {
+    {{{{-1, -1}, {1, -1}, {-1, 1}, {1, 1}}},  // hourglass
+     {{{-1, -1}, {-1, 1}, {1, -1}, {1, 1}}},  // bow tie
+     {{{-1, -1}, {-1, 1}, {1, 0}, {1, 0}}},   // to the right
+     {{{1, -1}, {1, 1}, {-1, 0}, {-1, 0}}}}}; // to the left
+constexpr std::size_t kFormCount = kForms.size() + kCorners.size();
 
 const Look& LookOf(std::size_t index)
 {
@@ -72,10 +88,28 @@ QColor Translucent(const QColor& color, int opacity)
     return translucent;
 }
 
+/// In the size in which the library takes a form of one's own.
+QPolygonF CornersOf(std::size_t form)
+{
+    constexpr double kHalf = 3;
+    QPolygonF corners;
+    for (const QPoint& corner : kCorners[form])
+        corners.append(QPointF(corner) * kHalf);
+    return corners;
+}
+
 QCPScatterStyle MarkOf(std::size_t index, const QColor& color, bool isSmall)
 {
-    return {kForms[index % kForms.size()], QPen(color, isSmall ? kSmallMarkWidth : kMarkWidth),
-            QBrush(Translucent(color, kMarkOpacity)), isSmall ? kSmallMarkSize : kMarkSize};
+    const QPen pen(color, isSmall ? kSmallMarkWidth : kMarkWidth);
+    const QBrush brush(Translucent(color, kMarkOpacity));
+    const double size = isSmall ? kSmallMarkSize : kMarkSize;
+    const std::size_t form = index % kFormCount;
+    if (form < kForms.size())
+        return {kForms[form], pen, brush, size};
+    QPainterPath path;
+    path.addPolygon(CornersOf(form - kForms.size()));
+    path.closeSubpath();
+    return QCPScatterStyle(path, pen, brush, size);
 }
 
 /// Of a group of marks: one of those given, or its look's.
@@ -328,5 +362,9 @@ ChartSpans SpansOf(const ChartData& chart)
             y.Add(fit->At(fit->high).y());
         }
     }
+    if (chart.x.showsZero)
+        x.Add(0);
+    if (chart.y.showsZero)
+        y.Add(0);
     return {.x = x.WithRoom(), .y = y.WithRoom()};
 }

@@ -111,12 +111,14 @@ LoadOutcome LoadDocument(TestDocument& document, const QString& fileName)
     } catch (const RuntimeFailure& failure) {
         outcome.reading = failure;
         if (document.HowRead() == FileRead::NotAtAll)
-            document.NoteUnread(FailureText(failure));
+            document.NoteFailure(FailureText(failure));
     }
     try {
         outcome.end = document.Calc();
     } catch (const RuntimeFailure& failure) {
         outcome.calculation = failure;
+        if (document.HowRead() == FileRead::Whole && document.Results() != ResultState::Current)
+            document.NoteFailure(FailureText(failure));
     }
     return outcome;
 }

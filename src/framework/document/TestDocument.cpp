@@ -224,6 +224,7 @@ void TestDocument::ResetDocument()
     m_context.dialog.FileName.clear();
     m_howRead = FileRead::Whole;
     m_readStop = {};
+    m_deed = {};
     m_inputData.fill(QString());
     m_inputData[kUnitInput] = m_shape.initialUnit;
     for (const Field& size : m_fields.OfKind(FieldKind::Size))
@@ -266,6 +267,8 @@ CalcEnd TestDocument::Calc()
     if (end != CalcEnd::Done)
         return end;
     m_resultState = ResultState::Current;
+    if (m_howRead == FileRead::Whole)
+        m_readStop.why.clear();
     const auto tell = [this] {
         Q_EMIT Changed();
         Q_EMIT Calculated();

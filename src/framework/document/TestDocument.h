@@ -79,6 +79,8 @@ public:
     /// What the user typed into a size field: applied when the number in it lies within its limits. All that
     /// is typed until the field is left is one step of the history.
     void TypeSize(QLatin1StringView control, const QString& text);
+    /// Whether something was typed into a size field that was not left since.
+    bool IsSizing() const { return m_sizing.has_value(); }
     /// A size field loses the focus. False when its number is refused: it has the fallback then and wants the
     /// focus back.
     [[nodiscard]] bool LeaveSize(QLatin1StringView control);
@@ -173,13 +175,18 @@ public:
     /// count: what was read by then stays.
     void ReadFromFile(const QString& fileName);
     FileRead HowRead() const { return m_howRead; }
-    /// Why nothing was read, for ReadNotice.
-    void NoteUnread(const QString& why) { m_readStop.why = why; }
+    /// Why nothing was read, or nothing calculated of what was read, for ReadNotice.
+    void NoteFailure(const QString& why) { m_readStop.why = why; }
     /// The line, from 1, at which a reading in part stopped; else 0.
     int ReadStop() const { return m_readStop.line; }
     /// What the user is told of a file that was not read whole: where the reading stopped, what stood there,
-    /// what was expected. Empty until the next one, and once the document was saved.
+    /// what was expected; or of one that can't be calculated. Empty until the next one, and once the document
+    /// was saved or calculated.
     QString ReadNotice() const;
+    /// What the user is told of the results that stand.
+    virtual QString ResultNotice() const { return {}; }
+    /// What the user is told of the last thing that was done. Empty once the history goes on.
+    QString DeedNotice() const { return m_deed.state == m_history.State() ? m_deed.text : QString(); }
     /// The bytes of the document's file. Fails with InvalidArgument for a character that the code page lacks,
     /// and as CountIn for a count that is none.
     QByteArray FileBytes() const;
@@ -234,6 +241,7 @@ protected:
 
     // What it is made with.
 
+    void TellDeed(const QString& text) { m_deed = {.text = text, .state = m_history.State()}; }
     void SetControlText(QAnyStringView control, const QString& text) { m_fields.SetText(control, text); }
     void SetControlVisible(QAnyStringView control, bool visible) { m_fields.SetVisible(control, visible); }
     void SelectOption(std::optional<int> value);
@@ -283,8 +291,7 @@ private:
     static int NeededBy(const SizeField& field, const GridBlock& block);
     /// Something that results came from is another one now.
     void NoteChange();
-    /// The number in a size field's text, 0 where it is none.
-    int SizeNumber(QLatin1StringView control) const { return ControlText(control).toInt(); }
+    int SizeNumber(QLatin1StringView control) const;
     void ResetFields();
     void SetDigits(Digits digits);
     void BuildNumberFormat(Digits digits);
@@ -316,6 +323,10 @@ private:
     int m_chartState = 0;
     ResultState m_resultState = ResultState::None;
     FileRead m_howRead = FileRead::Whole;
+    struct {
+        QString text = {};
+        int state = 0; ///< of the history
+    } m_deed;
     /// Where a reading in part stopped, or why there was none.
     struct {
         QString why = {};

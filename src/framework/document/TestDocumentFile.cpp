@@ -81,7 +81,9 @@ void TestDocument::NoteSizeStop()
 QString TestDocument::ReadNotice() const
 {
     if (m_howRead == FileRead::Whole)
-        return {};
+        return m_readStop.why.isEmpty()
+                   ? QString()
+                   : u"Il file è stato letto, ma non si può calcolare: %1"_s.arg(m_readStop.why);
     if (m_howRead == FileRead::NotAtAll)
         return u"Il file non è stato letto: %1"_s.arg(m_readStop.why);
     const QString found = m_readStop.found ? u"vi sta \"%1\""_s.arg(m_readStop.found->left(kLongestFound))

@@ -1,9 +1,12 @@
 #include "framework/document/TestDocument.h"
 
+#include "framework/document/Define.h"
 #include "framework/document/Messages.h"
 #include "framework/text/Found.h"
+#include "framework/text/TextNumber.h"
 
 #include <algorithm>
+#include <cmath>
 #include <memory>
 #include <utility>
 
@@ -27,6 +30,13 @@ bool Applies(const SizeField& field, int number)
 const SizeField& TestDocument::SizeOf(QAnyStringView control) const
 {
     return Found(m_shape.sizes, control, &SizeField::control);
+}
+
+/// The number in a size field's text, rounded half to even; 0 where it is none.
+int TestDocument::SizeNumber(QLatin1StringView control) const
+{
+    const double number = NumberIn(ControlText(control), m_context.define.DecSep).value_or(0);
+    return static_cast<int>(std::nearbyint(std::clamp<double>(number, -kMostTyped, kMostTyped)));
 }
 
 QStringList TestDocument::SizeTexts() const

@@ -31,6 +31,18 @@ QString CellFormat::Text(std::optional<double> value) const
     return value ? DecimalText(*value, m_digits.decimali, m_decSep) : QString();
 }
 
+QString CellFormat::ShownText(std::optional<double> value) const
+{
+    QString text = Text(value);
+    if (!m_grouped)
+        return text;
+    const qsizetype point = text.indexOf(m_decSep);
+    const qsizetype first = text.startsWith(u'-') ? 1 : 0;
+    for (qsizetype at = (point < 0 ? text.size() : point) - 3; at > first; at -= 3)
+        text.insert(at, m_decSep == u"," ? u'.' : u',');
+    return text;
+}
+
 bool CellFormat::Accepts(const QString& text) const
 {
     return text.trimmed().isEmpty() || Number(text).has_value();

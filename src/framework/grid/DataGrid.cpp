@@ -54,6 +54,12 @@ void DataGrid::SetDigits(Digits digits)
     m_format.SetDigits(digits);
 }
 
+void DataGrid::SetGrouped(bool grouped)
+{
+    const Redraw redraw(*this);
+    m_format.SetGrouped(grouped);
+}
+
 void DataGrid::SetValue(int row, int col, std::optional<double> value)
 {
     m_cells.SetValue(row, col, value);
@@ -138,6 +144,7 @@ QVariant DataGrid::data(const QModelIndex& index, int role) const
         return {};
     switch (role) {
     case Qt::DisplayRole:
+        return m_format.ShownText(Value(index.row(), index.column()));
     case Qt::EditRole:
         return Text(index.row(), index.column());
     case Qt::TextAlignmentRole:

@@ -44,6 +44,8 @@ public:
     const Digits& GetDigits() const { return m_format.GetDigits(); }
     /// As CellFormat::SetDigits.
     void SetDigits(Digits digits);
+    /// As CellFormat::SetGrouped.
+    void SetGrouped(bool grouped);
 
     std::optional<double> Value(int row, int col) const { return m_cells.Value(row, col); }
     void SetValue(int row, int col, std::optional<double> value);

@@ -53,10 +53,28 @@ void GridView::FitColumns()
     const auto characters = static_cast<double>(m_grid.Format().LargestText().size()) + kMoreCharacters;
     const double number = characters * fontMetrics().horizontalAdvance(u'9') + kCellMargins;
     for (int col = 0; col < m_grid.Cols(); ++col) {
-        const int width = std::max(static_cast<int>(std::min<double>(number, kWidestColumn)),
-                                   horizontalHeader()->sectionSizeHint(col));
-        setColumnWidth(col, width);
+        const double width =
+            std::max({number, WidestNumber(col), 1.0 * horizontalHeader()->sectionSizeHint(col)});
+        setColumnWidth(col, static_cast<int>(std::min<double>(width, kWidestColumn)));
     }
+}
+
+/// The width that the numbers of a file take which can't be typed: they may have more digits than the format,
+/// and a minus.
+double GridView::WidestNumber(int col) const
+{
+    double least = 0;
+    double most = 0;
+    for (int row = 0; row < m_grid.Rows(); ++row) {
+        const double value = m_grid.Value(row, col).value_or(0);
+        least = std::min(least, value);
+        most = std::max(most, value);
+    }
+    double width = 0;
+    for (const double value : {least, most})
+        width = std::max(width,
+                         fontMetrics().horizontalAdvance(m_grid.Format().Text(value)) + 1.0 * kCellMargins);
+    return width;
 }
 
 QSize GridView::viewportSizeHint() const
@@ -148,8 +166,10 @@ void GridView::NextCell(bool advanceNext)
     if (col < 0 || col >= WalkedColumns()) {
         view = advanceNext ? m_next : m_previous;
         const bool beside = advanceNext && col > WalkedColumns(); // in a column that the walk leaves out
-        if (beside || view == nullptr || !view->isVisibleTo(window()))
+        if (beside || view == nullptr || !view->isVisibleTo(window())) {
+            Q_EMIT WalkEnded(advanceNext);
             return;
+        }
         col = advanceNext ? 0 : view->WalkedColumns() - 1;
         view->setFocus(Qt::TabFocusReason);
     }

@@ -59,6 +59,8 @@ Q_SIGNALS:
     void MendingAsked();
     /// The user wants the last step back, or done again.
     void TurnAsked(bool forward);
+    /// The caret would go on where the walk ends.
+    void WalkEnded(bool forward);
     /// A block was dropped on another place.
     void Dropped(const GridBlock& from, int row, int col);
 
@@ -74,6 +76,7 @@ private:
     int WalkedColumns() const;
     bool RunShortcut(const QKeyEvent& event);
     void FitColumns();
+    double WidestNumber(int col) const;
 
     DataGrid& m_grid;
     CellEditor* m_editor;

@@ -11,7 +11,7 @@
 #include <functional>
 
 /// What a notice is about. There is one notice of each.
-enum class NoticeCause { Reading, Size, Cell, Paste };
+enum class NoticeCause { Reading, Results, Deed, Size, Cell, Paste };
 
 struct NoticeAction {
     QString caption;

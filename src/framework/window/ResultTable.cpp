@@ -29,6 +29,8 @@ ResultTable::ResultTable(TextTable& table) : m_table(table)
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setSizeAdjustPolicy(AdjustToContents);
+    connect(horizontalHeader(), &QHeaderView::geometriesChanged, this, &QWidget::updateGeometry);
+    connect(horizontalHeader(), &QHeaderView::sectionResized, this, &QWidget::updateGeometry);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     if (!table.Shape().columnTitles.isEmpty())
         new CornerLabel(table.Shape().columnTitles.constFirst(), this);

@@ -8,6 +8,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMenu>
+#include <QSignalBlocker>
 
 #include <utility>
 
@@ -19,12 +20,13 @@ namespace
 /// In characters. Longer captions go over several lines, none of them shorter than this.
 constexpr int kLongCaption = 30;
 
-QString RefusedText(const SizeField& field, const QString& text)
+QString RefusedText(const SizeField& field, const QString& text, const QString& now)
 {
     const QString what = text.isEmpty() ? u"Il campo è vuoto"_s : u"\"%1\" non è ammesso"_s.arg(text);
     const QString most =
         field.refuses == SizeField::Refuses::Outside ? u" a %1"_s.arg(field.maximum) : u" in su"_s;
-    return u"%1: sono ammessi i numeri da %2%3"_s.arg(what, QString::number(field.minimum), most);
+    return u"%1: sono ammessi i numeri da %2%3. Ora vale %4 (Ctrl+Z per tornare indietro)"_s.arg(
+        what, QString::number(field.minimum), most, now);
 }
 
 } // namespace
@@ -71,8 +73,14 @@ void SizeFields::Refresh()
 {
     for (QLineEdit* edit : std::as_const(m_fields)) {
         const QString& text = m_document.ControlText(edit->objectName());
-        if (edit->text() != text) // the caret of one that shows it already stays
-            edit->setText(text);
+        if (edit->text() == text) // the caret of one that shows it already stays
+            continue;
+        if (edit == m_refused) { // what was refused is past
+            m_refused = nullptr;
+            Q_EMIT Refused({});
+        }
+        const QSignalBlocker quiet(edit); // a size of a file that can't be typed was not typed
+        edit->setText(text);
     }
 }
 
@@ -138,9 +146,13 @@ void SizeFields::ShowMenu(QLineEdit* edit, const QPoint& at)
     menu->popup(at);
 }
 
+/// A number that nobody typed is not judged: a file's sizes may lie outside of the limits, and the focus may
+/// stand in a field by chance. One that took a refused one's place is, until it is mended.
 bool SizeFields::Leave(QLineEdit* edit)
 {
     m_current = nullptr;
+    if (!m_document.IsSizing() && edit != m_refused)
+        return true;
     const QByteArray control = edit->objectName().toLatin1();
     const QString typed = edit->text();
     bool accepted = true; // where a failure ends it, too
@@ -148,14 +160,16 @@ bool SizeFields::Leave(QLineEdit* edit)
     if (!accepted)
         m_refused = edit;
     if (edit == m_refused) // a field that the focus only passes through ends no other one's notice
-        Q_EMIT Refused(accepted ? QString() : RefusedText(m_document.SizeOf(control), typed));
+        Q_EMIT Refused(accepted ? QString() : RefusedText(m_document.SizeOf(control), typed, edit->text()));
+    if (accepted && edit == m_refused)
+        m_refused = nullptr;
     return accepted;
 }
 
 bool SizeFields::Settle()
 {
     QLineEdit* edit = m_current;
-    if (edit == nullptr)
+    if (edit == nullptr || !m_document.IsSizing())
         return true;
     const bool accepted = Leave(edit);
     m_current = edit;

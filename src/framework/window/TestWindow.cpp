@@ -145,19 +145,21 @@ void TestWindow::ShowState()
     m_panels->SetModified(HasChanges());
     m_panels->SetStale(m_document->Results() == ResultState::Stale);
     m_gridNotices->StepMade();
-    ShowReading();
+    ShowOnce(NoticeCause::Reading, m_document->ReadNotice());
+    const bool current = m_document->Results() == ResultState::Current;
+    ShowOnce(NoticeCause::Results, current ? m_document->ResultNotice() : QString());
+    ShowOnce(NoticeCause::Deed, m_document->DeedNotice());
 }
 
-/// What is said of a file that could be read in part only, once.
-void TestWindow::ShowReading()
+/// A notice that was closed does not come back.
+void TestWindow::ShowOnce(NoticeCause cause, const QString& text)
 {
-    const QString text = m_document->ReadNotice();
-    if (text == std::exchange(m_toldReading, text))
+    if (text == std::exchange(m_told[cause], text))
         return;
     if (text.isEmpty())
-        m_notices->End(NoticeCause::Reading);
+        m_notices->End(cause);
     else
-        m_notices->Show({NoticeCause::Reading, text});
+        m_notices->Show({cause, text});
 }
 
 void TestWindow::MakeKeys()

@@ -12,6 +12,7 @@
 #include "framework/window/WindowFields.h"
 #include "framework/window/WindowPages.h"
 
+#include <QHash>
 #include <QList>
 #include <QMenu>
 #include <QPointer>
@@ -73,7 +74,7 @@ private:
     void MakeKeys();
     /// The panels that tell of the document's state, and what the notices offer.
     void ShowState();
-    void ShowReading();
+    void ShowOnce(NoticeCause cause, const QString& text);
     void NoteFocus(QWidget* now);
     void FocusLast();
 
@@ -85,7 +86,7 @@ private:
     GridNotices* m_gridNotices;
     std::unique_ptr<WindowPages> m_pages;
     StatusPanels* m_panels;
-    QString m_toldReading;
+    QHash<NoticeCause, QString> m_told;
     QPointer<QWidget> m_lastFocus; ///< had it when the window was in front
     QPointer<QWidget> m_lastView;  ///< the grid that it stood in; its editor may be gone
     bool m_keepsFocus = false;

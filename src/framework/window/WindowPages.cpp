@@ -176,12 +176,13 @@ GridView* WindowPages::MakeGridView(std::size_t index, const QString& caption)
     return view;
 }
 
-QGroupBox* WindowPages::TableFrame(const QString& name, const QString& title, QLatin1StringView control)
+QGroupBox* WindowPages::TableFrame(const QString& name, QLatin1StringView control)
 {
-    QGroupBox* box = WindowFields::FrameBox(name, title);
+    ResultTable* table = m_fields.TableView(control);
+    QGroupBox* box = WindowFields::FrameBox(name, table->accessibleName());
     m_descriptions.Describe(box, m_document.Context().define.DescResults);
     auto* layout = new QVBoxLayout(box);
-    layout->addWidget(m_fields.TableView(control));
+    layout->addWidget(table);
     m_regions.Add(Region::Results, box);
     return box;
 }

@@ -49,8 +49,8 @@ public:
     QGroupBox* GridFrame(const QString& name, const QString& title, std::size_t grid = 0,
                          const QString& corner = QStringLiteral("Dati"));
     GridView* View(std::size_t index) const { return m_views[index]; }
-    /// A frame with a table of the document.
-    QGroupBox* TableFrame(const QString& name, const QString& title, QLatin1StringView control);
+    /// A frame with a table of the document, under its caption.
+    QGroupBox* TableFrame(const QString& name, QLatin1StringView control);
     /// The frame of the results, with an empty grid layout.
     QGroupBox* ResultBox(const QString& name, QGridLayout*& layout,
                          const QString& title = QStringLiteral("Risultato dell'elaborazione"));

@@ -42,11 +42,13 @@ ConcentrationsDialog::ConcentrationsDialog(TaraDocument& document, int col, Guar
     policy.setRetainSizeWhenHidden(true);
     bar->setSizePolicy(policy);
 
-    QPushButton* ok = NewButton(u"PushOk"_s, u"OK"_s);
+    QPushButton* ok = NewButton(u"PushOk"_s, u"&OK"_s);
     ok->setDefault(true);
     QPushButton* cancel = NewButton(u"PushAnnulla"_s, u"Annulla"_s);
     connect(ok, &QPushButton::clicked, this, [this, view] { m_guard([this, view] { Store(view); }); });
     connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
+    connect(view, &GridView::WalkEnded, this,
+            [ok, cancel](bool forward) { (forward ? ok : cancel)->setFocus(Qt::TabFocusReason); });
     auto* buttons = new QHBoxLayout;
     buttons->addStretch(1);
     buttons->addWidget(ok);
@@ -70,6 +72,7 @@ GridView* ConcentrationsDialog::MakeView(int col)
     const int count = m_document.Grid().Cols();
     grid->SetSize(count, 1);
     grid->SetDigits(m_document.ConcDigits());
+    grid->SetGrouped(true);
     grid->SetColumnHeader(0, u"Valori"_s);
     for (int row = 0; row < count; ++row)
         grid->SetValue(row, 0, m_document.Concentration(row));
@@ -97,6 +100,7 @@ QMenu* ConcentrationsDialog::MakePopup(GridView* view)
     add(u"&Taglia"_s, EditCut);
     add(u"&Copia"_s, EditCopy);
     add(u"&Incolla"_s, EditPaste);
+    add(u"Ca&ncella"_s, EditClear);
     return menu;
 }
 
@@ -129,6 +133,8 @@ void ConcentrationsDialog::Store(GridView* view)
     QStringList texts;
     for (int row = 0; row < view->Grid().Rows(); ++row)
         texts.append(view->Grid().Text(row, 0));
+    // Deliberate: the document's own flag stays. The grid's tells that something was changed, so that closing
+    // asks.
     m_document.Grid().Edits().SetHeaders(texts);
     accept();
 }

@@ -31,7 +31,7 @@ struct TaraData {
 enum class TaraEnd {
     Done,
     AllZero,          ///< the concentrations or the responses add up to exactly 0
-    NegativeResidual, ///< the residual deviance is below 0: rounding left nothing of it
+    NegativeResidual, ///< the residual deviance is below 0, by rounding or a count that disagrees
 };
 
 /// A source of variance against the pure error.

@@ -14,6 +14,7 @@
 #include "stats/RuntimeFailure.h"
 #include "validation/calibration/TaraTexts.h"
 
+#include <algorithm>
 #include <cmath>
 #include <utility>
 
@@ -38,8 +39,7 @@ SizeField SizeOfGrid(QLatin1StringView control, const QString& caption, const QS
             .refuses = SizeField::Refuses::Outside,
             // Deliberate: the count of rows takes the place of a refused count of columns, too.
             .fallback = SizeField::Fallback::GridRows,
-            .beeps = true,
-            .modifies = false};
+            .beeps = true};
 }
 
 const DocumentShape& TaraShape()
@@ -159,27 +159,54 @@ void TaraDocument::ResizeGrid()
 void TaraDocument::ChooseDigits(Digits digits)
 {
     TestDocument::ChooseDigits(digits);
-    FormatConcHeaders();
+    const QStringList before = Grid().Cells().headers;
+    const QStringList after = FormattedHeaders();
+    int rounded = 0;
+    for (qsizetype col = 0; col < after.size(); ++col)
+        rounded += ConcNumber(before[col]) != ConcNumber(after[col]) ? 1 : 0;
+    if (rounded == 0) {
+        FormatConcHeaders();
+        return;
+    }
+    // Deliberate: another number format does not count as a change, although this is a step.
+    const bool changeMade = Grid().Edits().ChangeMade();
+    Grid().Edits().SetHeaders(after);
+    Grid().Edits().SetChangeMade(changeMade);
+    TellDeed(u"Concentrazioni arrotondate per il formato: %1 (Ctrl+Z le riporta)"_s.arg(rounded));
 }
 
-std::optional<double> TaraDocument::Concentration(int col) const
+QString TaraDocument::ResultNotice() const
 {
-    return NumberIn(Grid().ColumnHeader(col), Context().define.DecSep);
+    const int empty = m_last ? m_last->numbers.empty : 0;
+    return empty == 0 ? QString() : u"Celle vuote, contate come 0: %1"_s.arg(empty);
+}
+
+std::optional<double> TaraDocument::ConcNumber(const QString& header) const
+{
+    return NumberIn(header, Context().define.DecSep);
 }
 
 QString TaraDocument::ConcText(const QString& text) const
 {
     const QString& decSep = Context().define.DecSep;
-    const auto number = NumberIn(text, decSep);
+    const auto number = ConcNumber(text);
     return number ? DecimalText(*number, ConcDigits().decimali, decSep) : text;
+}
+
+QStringList TaraDocument::FormattedHeaders() const
+{
+    QStringList headers;
+    for (int col = 0; col < Grid().Cols(); ++col)
+        headers +=
+            DecimalText(Concentration(col).value_or(col + 1), ConcDigits().decimali, Context().define.DecSep);
+    return headers;
 }
 
 void TaraDocument::FormatConcHeaders()
 {
-    for (int col = 0; col < Grid().Cols(); ++col) {
-        const double number = Concentration(col).value_or(col + 1);
-        Grid().SetColumnHeader(col, DecimalText(number, ConcDigits().decimali, Context().define.DecSep));
-    }
+    const QStringList headers = FormattedHeaders();
+    for (int col = 0; col < Grid().Cols(); ++col)
+        Grid().SetColumnHeader(col, headers[col]);
 }
 
 std::optional<TaraDocument::GridNumbers> TaraDocument::ReadTaraGrid() const
@@ -193,9 +220,11 @@ std::optional<TaraDocument::GridNumbers> TaraDocument::ReadTaraGrid() const
         numbers.conc[i] = header.isEmpty() ? 0 : TextToDouble(header, Context().define.DecSep);
         if (numbers.conc[i] <= 0)
             return std::nullopt;
-        for (int row = 0; row < grid.Rows(); ++row)
-            numbers.risp[static_cast<std::size_t>(row) * cols + i] =
-                grid.TextValue(row, static_cast<int>(i)).value_or(0);
+        for (int row = 0; row < grid.Rows(); ++row) {
+            const auto shown = grid.TextValue(row, static_cast<int>(i));
+            numbers.risp[static_cast<std::size_t>(row) * cols + i] = shown.value_or(0);
+            numbers.empty += shown ? 0 : 1;
+        }
     }
     return numbers;
 }
@@ -219,7 +248,7 @@ CalcEnd TaraDocument::CalcTest()
                         .replicates = Count(kReplicates),
                         .count = count};
     // A reading that stopped early leaves sizes for which there is no grid.
-    if (data.groups > Grid().Cols() || data.replicates > Grid().Rows())
+    if (data.groups > Grid().Cols() || (data.groups > 0 && data.replicates > Grid().Rows()))
         throw RuntimeFailure(FailureKind::TypeMismatch);
     const TaraResults results = CalcRegr(data, Context().fTable, [this] {
         ShowStatisticsFailure(Context().messages, u"Overflow numerico !"_s);
@@ -330,8 +359,17 @@ void TaraDocument::DrawProportionality(ChartData& chart, Language language) cons
     static const InBoth<QString> kTitle = {u"Proporzionalità"_s, u"Proportionality"_s};
     chart.title = kTitle[language];
     chart.footnote = ChartFootnote(language);
+    chart.x.quantity = u"concentrazione"_s;
+    chart.y.quantity = u"risposta"_s;
+    chart.y.showsZero = true;
     chart.series = {{}, {}};
     chart.rows = m_limits;
+    // Of limits that are one there is but a point.
+    const double a = m_last->results.a;
+    if (m_last->results.confLimSup == m_last->results.confLimInf) {
+        chart.x.scale = ChartScale{-1, 1};
+        chart.y.scale = ChartScale{std::min(a, 0.0) - 1, std::max(a, 0.0) + 1};
+    }
 }
 
 void TaraDocument::ReadBody(DataFileReader& reader, int fieldCount)

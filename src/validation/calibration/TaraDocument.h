@@ -21,11 +21,13 @@ public:
 
     /// As many columns as groups, as many rows as replicates; new concentrations are their columns' numbers.
     void ResizeGrid() override;
+    /// Concentrations lose the digits that are not shown any more, which can be taken back.
     void ChooseDigits(Digits digits) override;
+    QString ResultNotice() const override;
     /// Those of the concentrations, as they are shown and saved.
     const Digits& ConcDigits() const { return FileDigits(); }
     /// The number of a column's header, where it is one.
-    std::optional<double> Concentration(int col) const;
+    std::optional<double> Concentration(int col) const { return ConcNumber(Grid().ColumnHeader(col)); }
     std::vector<NamedValue> Values() const override;
     ChartData Chart(std::size_t index, Language language) const override;
 
@@ -42,7 +44,8 @@ private:
     /// What the grid holds: concentrations, and responses row by row.
     struct GridNumbers {
         std::vector<double> conc;
-        std::vector<double> risp;
+        std::vector<double> risp; ///< 0 for an empty cell
+        int empty = 0;
     };
     /// What the last calculation that came to its end had and gave.
     struct Last {
@@ -62,8 +65,10 @@ private:
         }
     };
 
+    std::optional<double> ConcNumber(const QString& header) const;
     std::optional<GridNumbers> ReadTaraGrid() const;
     void FormatConcHeaders();
+    QStringList FormattedHeaders() const;
     /// A header in the digits of the file; a text that is no number as it is.
     QString ConcText(const QString& text) const;
     CalcEnd Refuse(const QString& why);

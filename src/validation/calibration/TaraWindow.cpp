@@ -13,10 +13,8 @@ TaraWindow::TaraWindow(std::unique_ptr<TestDocument> document, Frame& frame)
     : TestWindow(std::move(document), frame), m_tara(*qobject_cast<TaraDocument*>(&Document()))
 {
     Pages().AddInfoPage(u"LblData"_s, u"Frame3"_s);
-    Pages().AddDataPage(
-        {SizeFrame(), Pages().GridFrame(u"FrameConc"_s, u"FrameConc"_s)},
-        {DoseFrame(), LimitsFrame(),
-         Pages().TableFrame(u"Frame5"_s, u"LINEARITA': Analisi della varianza"_s, "SprLinearita"_L1)});
+    Pages().AddDataPage({SizeFrame(), Pages().GridFrame(u"FrameConc"_s, u"FrameConc"_s)},
+                        {DoseFrame(), LimitsFrame(), Pages().TableFrame(u"Frame5"_s, "SprLinearita"_L1)});
     Pages().AddChartPage(u"Grafici"_s);
     Pages().SetFirstPage(1);
 

@@ -184,6 +184,18 @@ private Q_SLOTS:
         QVERIFY(cell.flags() ==
                 (Qt::ItemIsSelectable | Qt::ItemIsEnabled | Qt::ItemIsEditable | Qt::ItemNeverHasChildren));
         QVERIFY(!grid.setData(cell, u"2"_s, Qt::DisplayRole));
+        // Groups are for the eye alone.
+        grid.SetDigits({.interi = 7, .decimali = 0});
+        grid.SetGrouped(true);
+        for (const auto& [value, shown] :
+             {std::pair(123.0, u"123"_s), {-123.0, u"-123"_s}, {1234567.0, u"1,234,567"_s}}) {
+            grid.SetValue(0, 0, value);
+            QCOMPARE(cell.data().toString(), shown);
+        }
+        grid.SetDigits({.interi = 7, .decimali = 3});
+        QCOMPARE(cell.data().toString(), u"1,234,567.000"_s);
+        QCOMPARE(cell.data(Qt::EditRole).toString(), u"1234567.000"_s);
+        QCOMPARE(grid.Edits().BlockText({}), u"1234567.000"_s);
         QCOMPARE(grid.rowCount(cell) + grid.columnCount(cell), 0);
     }
 

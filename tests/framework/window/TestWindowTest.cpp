@@ -36,7 +36,7 @@ public:
                              Pages().GridFrame(u"Frame4"_s, u"Superiore"_s, 0),
                              Pages().GridFrame(u"Frame5"_s, u"Centrale"_s, 1),
                              Pages().GridFrame(u"Frame6"_s, u"LabelData2"_s, 2, u"Rep."_s)},
-                            {results, Pages().TableFrame(u"Frame7"_s, u"Varianza"_s, "SprLinearita"_L1)});
+                            {results, Pages().TableFrame(u"Frame7"_s, "SprLinearita"_L1)});
         Pages().AddChartPage(u"Grafici"_s);
         Pages().SetFirstPage(1);
         for (std::size_t i = 0; i < 3; ++i)

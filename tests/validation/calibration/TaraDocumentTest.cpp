@@ -65,7 +65,7 @@ private Q_SLOTS:
         QVERIFY(!m_document->LeaveSize("Dimensioni1"_L1));
         QCOMPARE(State(), u"4 x 4, 4 4 16: 1.000 2.000 3.000 4.000"_s);
         QCOMPARE(m_world->messages.Beeps(), 4);
-        QVERIFY(!m_document->IsModify()); // the fields alone
+        QVERIFY(m_document->IsModify());
         for (const QString& taken : {u"3"_s, u"15"_s}) {
             m_document->TypeSize("Dimensioni0"_L1, taken);
             QVERIFY(m_document->LeaveSize("Dimensioni0"_L1));
@@ -77,8 +77,19 @@ private Q_SLOTS:
     void DigitsCutConcentrations()
     {
         m_document->Grid().Edits().SetHeaders({u"0.400"_s, u"1.250"_s, u"-2.000"_s, u"x"_s, u""_s});
+        m_document->ClearFlags();
         m_document->ChooseDigits({.interi = 4, .decimali = 1});
         QCOMPARE(State(), u"5 x 3, 5 3 15: 0.4 1.3 -2.0 4.0 5.0"_s);
+        QCOMPARE(m_document->DeedNotice(),
+                 u"Concentrazioni arrotondate per il formato: 3 (Ctrl+Z le riporta)"_s);
+        QVERIFY(!m_document->IsModify() && !m_document->ChangeMade());
+        QVERIFY(m_document->Undo());
+        QCOMPARE(State(), u"5 x 3, 5 3 15: 0.400 1.250 -2.000 x "_s);
+        QCOMPARE(m_document->DeedNotice(), QString());
+        QVERIFY(m_document->Redo());
+        m_document->ChooseDigits({.interi = 4, .decimali = 2}); // nothing is lost by this
+        QVERIFY(m_document->Undo() && m_document->Headers()->front() == u"0.400"_s);
+        QVERIFY(m_document->Redo());
         m_document->ChooseDigits({.interi = 4, .decimali = 0});
         QCOMPARE(State(), u"5 x 3, 5 3 15: 0 1 -2 4 5"_s);
         QCOMPARE(m_document->Calc(), CalcEnd::Refused);
@@ -134,6 +145,34 @@ private Q_SLOTS:
             LoadDocument(*m_document, DataFile(name + u".TAR"_s));
             QCOMPARE(m_document->ReadNotice(), u"Letto in parte, fino alla riga "_s + notice);
         }
+    }
+
+    /// What is told of results, and of a file that has none, until they are others.
+    void NoticesOfResults()
+    {
+        LoadDocument(*m_document, DataFile(u"equal-concentrations.TAR"_s));
+        QCOMPARE(m_document->ReadNotice(),
+                 u"Il file è stato letto, ma non si può calcolare: Divisione per zero"_s);
+        LoadDocument(*m_document, DataFile(kWhole));
+        QCOMPARE(m_document->ReadNotice() + m_document->ResultNotice(), QString());
+        QVERIFY(m_document->Grid().Edits().TypeText(0, 1, QString()));
+        m_document->NoteFailure(u"x"_s);
+        QCOMPARE(m_document->Calc(), CalcEnd::Done);
+        QCOMPARE(m_document->ResultNotice(), u"Celle vuote, contate come 0: 1"_s);
+        QCOMPARE(m_document->ReadNotice(), QString());
+    }
+
+    /// Limits that are one have a chart, too, with a point and zero.
+    void LimitsThatAreOne()
+    {
+        LoadDocument(*m_document, DataFile(u"on-a-falling-line.TAR"_s));
+        const ChartData chart = m_document->ShownCharts()[1];
+        const double a = chart.rows[1][1];
+        QVERIFY(a != 0 && chart.rows[0] == std::vector<double>({0, a, 0, a}));
+        QVERIFY(chart.x.scale->minimum < 0 && chart.x.scale->maximum > 0);
+        QVERIFY(chart.y.scale->minimum < std::min(a, 0.0) && chart.y.scale->maximum > std::max(a, 0.0));
+        LoadDocument(*m_document, DataFile(kWhole));
+        QVERIFY(!m_document->ShownCharts()[1].x.scale && m_document->ShownCharts()[1].y.showsZero);
     }
 
     /// Without its database the test tells nothing, although nothing is decided by it.
