@@ -11,7 +11,9 @@ constexpr int kMargins = 12;
 CornerLabel::CornerLabel(const QString& text, QTableView* view) : QLabel(text, view), m_view(view)
 {
     setAlignment(Qt::AlignCenter);
-    setPalette(view->horizontalHeader()->palette()); // and not that of cells that are dimmed
+    QPalette own = palette(); // and not that of cells that are dimmed
+    own.setColor(QPalette::WindowText, own.color(QPalette::WindowText));
+    setPalette(own);
     setAttribute(Qt::WA_TransparentForMouseEvents);
     view->verticalHeader()->setMinimumWidth(sizeHint().width() + kMargins);
     for (QHeaderView* header : {view->verticalHeader(), view->horizontalHeader()})
