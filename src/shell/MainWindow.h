@@ -55,8 +55,8 @@ private:
     /// The test whose window is in front, or null.
     TestWindow* FrontTest() const;
     /// What is being typed there is taken over. False when it is refused: the window stays in front.
-    bool BringToFront(QWidget* clicked);
     bool MayLeaveFront();
+    bool BringToFront(QWidget* clicked);
     void TurnWindow(bool forward);
     /// Why the program can't open this file, or nothing.
     QString WhyNotOpened(const QString& fileName) const;
