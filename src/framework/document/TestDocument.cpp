@@ -258,6 +258,13 @@ void TestDocument::Renew()
     Q_EMIT Changed();
 }
 
+CalcEnd TestDocument::Refuse(const QString& why)
+{
+    Q_EMIT Pointer(false);
+    m_context.messages.Show(MessageIcon::Exclamation, m_context.define.AppTitle, why);
+    return CalcEnd::Refused;
+}
+
 CalcEnd TestDocument::Calc()
 {
     Q_EMIT Pointer(true);

@@ -228,6 +228,8 @@ protected:
     virtual void OptionChosen() {}
     /// Sets results, texts and conclusions, when all numbers stand.
     virtual CalcEnd CalcTest() = 0;
+    /// A message says why there is nothing to calculate; the pointer is the default one again.
+    CalcEnd Refuse(const QString& why);
     /// The numbers of the charts, from the results that stand and are shown.
     virtual void CalcCharts() {}
     virtual void ReadOwnLine(QLatin1StringView /*control*/, const QString& /*text*/) {}

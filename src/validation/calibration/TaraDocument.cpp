@@ -229,13 +229,6 @@ std::optional<TaraDocument::GridNumbers> TaraDocument::ReadTaraGrid() const
     return numbers;
 }
 
-CalcEnd TaraDocument::Refuse(const QString& why)
-{
-    Q_EMIT Pointer(false);
-    Context().messages.Show(MessageIcon::Exclamation, Context().define.AppTitle, why);
-    return CalcEnd::Refused;
-}
-
 CalcEnd TaraDocument::CalcTest()
 {
     auto numbers = ReadTaraGrid();

@@ -71,7 +71,6 @@ private:
     QStringList FormattedHeaders() const;
     /// A header in the digits of the file; a text that is no number as it is.
     QString ConcText(const QString& text) const;
-    CalcEnd Refuse(const QString& why);
     void ShowResults();
     void ShowTable();
     void ShowTexts();

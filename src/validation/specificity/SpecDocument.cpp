@@ -126,14 +126,6 @@ void SpecDocument::ForgetNumbers()
     m_bars.clear();
 }
 
-/// A message says why there is nothing to calculate.
-CalcEnd SpecDocument::Refuse(const QString& why)
-{
-    Q_EMIT Pointer(false);
-    Context().messages.Show(MessageIcon::Exclamation, Context().define.AppTitle, why);
-    return CalcEnd::Refused;
-}
-
 /// Deliberate: the hourglass stays on, and t shows 0.
 CalcEnd SpecDocument::TellNoProbability(SpecEnd end)
 {

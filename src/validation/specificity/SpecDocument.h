@@ -38,7 +38,6 @@ private:
         bool allEqual = true;
     };
     Group ReadGroup(int col, int count) const;
-    CalcEnd Refuse(const QString& why);
     CalcEnd TellNoProbability(SpecEnd end);
     void ShowTexts(const SpecResults& results, const Group& a, const Group& b);
     void ShowResults(const SpecResults& results);
