@@ -16,6 +16,7 @@
 #include "stats/RuntimeFailure.h"
 #include "validation/WindowFactory.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QMenuBar>
 #include <QScreen>
