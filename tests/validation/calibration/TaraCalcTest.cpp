@@ -134,6 +134,8 @@ private Q_SLOTS:
         QCOMPARE(end({-1, 0, 1}, {{1, 2, 3}, {3, 4, 5}, {6, 7, 8}}), TaraEnd::AllZero);
         // Fewer data told than there are: the line explains more than there is.
         QCOMPARE(end(x, {{3, 3, 3}, {5, 5, 5}, {7, 7, 7}}, 8), TaraEnd::NegativeResidual);
+        // On a line but for rounding, which leaves -1.8e-14.
+        QCOMPARE(end(x, {{3.6, 3.6, 3.6}, {5.9, 5.9, 5.9}, {8.2, 8.2, 8.2}}), TaraEnd::NegativeResidual);
         const std::vector<std::vector<double>> y = {{1, 2, 3}, {3, 4, 5}, {6, 7, 8.5}};
         VERIFY_FAILS(end({2, 2, 2}, y), FailureKind::DivisionByZero); // one concentration
         VERIFY_FAILS(end(x, {{1, 2, 3}, {1, 2, 3}, {1, 2, 3}}), FailureKind::DivisionByZero); // no slope
