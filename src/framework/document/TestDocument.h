@@ -243,6 +243,7 @@ protected:
 
     // What it is made with.
 
+    /// For DeedNotice: of what was just done.
     void TellDeed(const QString& text) { m_deed = {.text = text, .state = m_history.State()}; }
     void SetControlText(QAnyStringView control, const QString& text) { m_fields.SetText(control, text); }
     void SetControlVisible(QAnyStringView control, bool visible) { m_fields.SetVisible(control, visible); }

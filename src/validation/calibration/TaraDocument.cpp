@@ -205,6 +205,7 @@ QStringList TaraDocument::FormattedHeaders() const
 void TaraDocument::FormatConcHeaders()
 {
     const QStringList headers = FormattedHeaders();
+    const DataGrid::Redraw redraw(Grid()); // the views fit their columns once
     for (int col = 0; col < Grid().Cols(); ++col)
         Grid().SetColumnHeader(col, headers[col]);
 }
