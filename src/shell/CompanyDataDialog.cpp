@@ -12,7 +12,6 @@
 
 #include <QFormLayout>
 #include <QGridLayout>
-#include <QHBoxLayout>
 #include <QImage>
 #include <QLabel>
 #include <QRadioButton>
@@ -38,11 +37,6 @@ CompanyDataDialog::CompanyDataDialog(const Company& company, const DocumentConte
     auto* close = ButtonWithoutEnter(u"cmdClose"_s, u"&Chiudi"_s);
     connect(save, &QPushButton::clicked, this, &CompanyDataDialog::Save);
     connect(close, &QPushButton::clicked, this, &QDialog::close);
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch(1);
-    buttons->addWidget(save);
-    buttons->addWidget(close);
-
     auto* body = new QWidget;
     auto* layout = new QVBoxLayout(body);
     layout->addLayout(form);
@@ -50,7 +44,7 @@ CompanyDataDialog::CompanyDataDialog(const Company& company, const DocumentConte
     if (!m_noLogo)
         LoadLogo();
     m_cancelLogo->setEnabled(!m_noLogo && !m_logoPath.isEmpty()); // also one whose file is gone
-    BuildForm(this, body, buttons);
+    BuildForm(this, body, ButtonRow({save, close}));
 }
 
 QGroupBox* CompanyDataDialog::LogoFrame()

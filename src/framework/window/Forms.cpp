@@ -1,6 +1,7 @@
 #include "framework/window/Forms.h"
 
 #include <QApplication>
+#include <QHBoxLayout>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QRegularExpressionValidator>
@@ -48,6 +49,15 @@ void BuildForm(QDialog* dialog, QWidget* body, QLayout* buttons)
     layout->addWidget(new BodyArea(body), 1);
     layout->addLayout(buttons);
     CenterForm(dialog);
+}
+
+QLayout* ButtonRow(const QList<QPushButton*>& buttons)
+{
+    auto* row = new QHBoxLayout;
+    row->addStretch(1);
+    for (QPushButton* button : buttons)
+        row->addWidget(button);
+    return row;
 }
 
 void CenterForm(QWidget* dialog)

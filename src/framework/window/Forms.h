@@ -6,6 +6,7 @@
 #include <QLabel>
 #include <QLayout>
 #include <QLineEdit>
+#include <QList>
 #include <QPushButton>
 #include <QRect>
 #include <QString>
@@ -14,6 +15,9 @@
 /// Puts a dialog together, of its body and the row of its buttons, and places it in the middle of its screen.
 /// On a screen that is too small for the body the body scrolls, and the buttons stay in sight.
 void BuildForm(QDialog* dialog, QWidget* body, QLayout* buttons);
+
+/// The row of a dialog's buttons, on its right.
+QLayout* ButtonRow(const QList<QPushButton*>& buttons);
 
 /// Places a dialog in the middle of its screen, in its own size or in as much of it as the screen has room
 /// for.

@@ -6,7 +6,6 @@
 #include "framework/window/Forms.h"
 
 #include <QFormLayout>
-#include <QHBoxLayout>
 #include <QLabel>
 #include <QVBoxLayout>
 
@@ -44,16 +43,11 @@ NumberFormatDialog::NumberFormatDialog(const DataGrid& grid, const DocumentConte
     QPushButton* cancel = NewButton(u"Command11"_s, u"&Annulla"_s);
     connect(ok, &QPushButton::clicked, this, [this] { m_guard([this] { Store(); }); });
     connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch(1);
-    buttons->addWidget(ok);
-    buttons->addWidget(cancel);
-
     auto* body = new QWidget;
     auto* layout = new QVBoxLayout(body);
     layout->addWidget(new QLabel(u"Imposta il numero degli interi e dei decimali"_s));
     layout->addLayout(form);
-    BuildForm(this, body, buttons);
+    BuildForm(this, body, ButtonRow({ok, cancel}));
 }
 
 void NumberFormatDialog::Refuse(const QString& text)

@@ -8,7 +8,6 @@
 #include "framework/window/NoticeBar.h"
 #include "validation/calibration/TaraDocument.h"
 
-#include <QHBoxLayout>
 #include <QHeaderView>
 #include <QMenu>
 #include <QVBoxLayout>
@@ -49,11 +48,6 @@ ConcentrationsDialog::ConcentrationsDialog(TaraDocument& document, int col, Guar
     connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
     connect(view, &GridView::WalkEnded, this,
             [ok, cancel](bool forward) { (forward ? ok : cancel)->setFocus(Qt::TabFocusReason); });
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch(1);
-    buttons->addWidget(ok);
-    buttons->addWidget(cancel);
-
     auto* body = new QWidget;
     auto* layout = new QVBoxLayout(body);
     layout->addStrut(fontMetrics().averageCharWidth() * kNoticeWidth);
@@ -62,7 +56,7 @@ ConcentrationsDialog::ConcentrationsDialog(TaraDocument& document, int col, Guar
     layout->addWidget(caption);
     layout->addWidget(view, 1);
     layout->addWidget(bar);
-    BuildForm(this, body, buttons);
+    BuildForm(this, body, ButtonRow({ok, cancel}));
     view->setFocus();
 }
 
